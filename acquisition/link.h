@@ -1,0 +1,22 @@
+#pragma once
+// The one link to the instrument: serial scan, TCP connect, supervision
+// state, and the setup controls that change the link.
+
+class Workstation;
+
+namespace acq {
+
+void SerialFindKettlewick(Workstation& ws);
+void Close_Serialport(Workstation& ws);
+void winsock_connect(Workstation& ws);
+void close_winsock(Workstation& ws);
+void Winsock_state(Workstation& ws);
+void Check_TCP_ip_port(Workstation& ws);
+void readlookupfile(Workstation& ws);
+
+void cmd_comm1_Click(Workstation& ws);
+void op_conn_using_serial_Click(Workstation& ws);
+void ck_Use_TCP_Click(Workstation& ws);
+void cmd_KW_lut_Click(Workstation& ws);
+
+} // namespace acq

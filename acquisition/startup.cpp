@@ -1,0 +1,157 @@
+#include "acquisition/startup.h"
+
+#include "acquisition/events.h"
+#include "acquisition/link.h"
+#include "acquisition/live_fields.h"
+#include "acquisition/workstation.h"
+#include "chart/chart.h"
+#include "config/config_file.h"
+#include "depth/lag.h"
+#include "store/lifecycle.h"
+#include "wits/wits_file.h"
+
+#include <QDir>
+#include <QLockFile>
+
+namespace acq {
+
+QString Revision() {
+    return QStringLiteral(GASCHART_REVISION);
+}
+
+QString MainTitle(const Workstation& ws) {
+    if (ws.fm_Gas_Chart.minimized) return ws.rt.UnitSerial + " Ver " + Revision();
+    return " Ombri Instruments Gas Chart  Version: " + Revision();
+}
+
+namespace {
+// One running copy per program folder. The lock lives as long as the
+// process; a stale lock of a crashed copy is taken over.
+bool TakeSingleCopyLock(Workstation& ws) {
+    if (ws.singleCopyLock) return true;
+    auto candidate = std::make_unique<QLockFile>(ws.programFile("gaschart.lock"));
+    candidate->setStaleLockTime(0);
+    if (!candidate->tryLock(100)) return false;
+    ws.singleCopyLock = std::move(candidate);
+    return true;
+}
+} // namespace
+
+bool Form_Load(Workstation& ws) {
+    auto& rt = ws.rt;
+    auto& main = ws.fm_Gas_Chart;
+
+    // 1. Scalar defaults.
+    rt.Grefresh_seconds = 180;
+    rt.Gline_lag_seconds = 120;
+    rt.Gline_lag_count = 120;
+    rt.Gline_lag_ok = true;
+    rt.Goff_bottom_mode = 0;
+    rt.Glast_alarm_text.clear();
+
+    // 2. Empty viewer.
+    clear_vis_fields(ws);
+
+    // 3. The assignable WITS column starts on gamma.
+    rt.Gwits_column = 4;
+
+    // 4. Flags.
+    rt.Guptime_percent = 100;
+    rt.Gstarting_up = true;
+    rt.Gtransfer_active = false;
+    rt.Gtransfer_hold = false;
+    rt.Gtransfer_buffer.clear();
+    rt.Gpumps_manual = false;
+    rt.Gwits_alive = 0;
+    main.cmd_WITS_info.setCaption("WITS Disconnected");
+    main.cmd_WITS_info.setBackColor(forms::color::Red);
+    rt.Guse_tcp = false;
+    rt.Gsock_state = 0;
+    rt.Gtcp_host.clear();
+    rt.Gtcp_port.clear();
+
+    // 5. Default paths under the program folder.
+    main.txt_db_path.setText(ws.programFile("DB_CUE/V11_DEMO.DB"));
+    rt.autogen_dir = ws.programDir;
+
+    // 6. Settings, first read, and the WITS item names.
+    config::ReadConfigFile(ws);
+    wits::LoadWitsFile(ws);
+    rt.Gdata_separator = "\t";
+
+    // 7. Panels loaded hidden.
+    for (forms::Panel* p : ws.panels())
+        if (p != &main) p->form.setVisible(false);
+
+    // 8. Link wanted, first attempt in 5 seconds.
+    rt.Glink_countdown = 5;
+    rt.Glink_mode = 1;
+    main.cmd_comm1.setBackColor(forms::color::Red);
+
+    // 9. Title and table.
+    main.form.setCaption(MainTitle(ws));
+    rt.Gtable_name = "OMBRI_DB_010";
+
+    // 10. One running copy only.
+    if (!TakeSingleCopyLock(ws)) {
+        ws.dialogs().MsgBox("There is already a copy of this program\r\n"
+                            "running in memory.  This one will now close",
+                            platform::Buttons::Ok, "OOPS! COPY ALLREADY LOADED",
+                            platform::Icon::Stop);
+        return false;
+    }
+
+    // 11. Message box and chart scales.
+    main.txt_message.setText("");
+    chart::SetChartDefaults(ws);
+
+    // 12-14. The job: open and verify, newest record, stroke total, depth arrays.
+    QString path;
+    bool verify = true;
+    store::OpenSharedDb(ws, path, verify);
+    store::PrimeLastRecord(ws);
+    depth::ReadLastTotalStrokes(ws);
+    depth::Collect_ROP_Data(ws);
+
+    // 15.
+    disply_text_alarms(ws, "Use database version " + rt.Gtable_name);
+    disply_text_alarms(ws, "Software Version: " + Revision());
+
+    // 16.
+    ws.StartTimers();
+    ws.timer("tmr_refresh")->start();
+
+    // 17. Settings, second read: it wins. The autogen folder always starts
+    // as the program folder.
+    config::ReadConfigFile(ws);
+    rt.autogen_dir = ws.programDir;
+
+    // 18.
+    rt.Gstarting_up = false;
+    config::txt_gas_units_Change(ws);
+    chart::make_chart(ws);
+
+    // 19. Lag zones and one lag pass.
+    depth::CreateLagTable(ws);
+    depth::ReadLagTable(ws);
+    depth::RecalculateLag(ws, 0, 0, 0);
+    return true;
+}
+
+bool Form_Unload(Workstation& ws) {
+    ws.rt.Grefresh_count = ws.rt.Grefresh_seconds;
+    config::WriteConfigFile(ws);
+    depth::WriteLagTable(ws);
+    if (ws.dialogs().MsgBox("Are you sure you want to exit?", platform::Buttons::YesNo,
+                            "EXIT PROGRAM?", platform::Icon::Question) != platform::Answer::Yes)
+        return false;
+    ws.closing = true;
+    ws.StopTimers();
+    close_winsock(ws);
+    Close_Serialport(ws);
+    store::CloseSharedDb(ws);
+    UnloadAllForms(ws, "fm_Gas_Chart");
+    return true;
+}
+
+} // namespace acq

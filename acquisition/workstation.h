@@ -1,0 +1,88 @@
+#pragma once
+// The workstation: everything the program holds for the whole run. One
+// instance, owned by main() (or by a test over a temporary program folder),
+// passed by reference to every handler and timer tick.
+
+#include "acquisition/runtime.h"
+#include "depth/depth_state.h"
+#include "forms/fm_chro.h"
+#include "forms/fm_gas_chart.h"
+#include "forms/fm_help.h"
+#include "forms/fm_secure.h"
+#include "forms/fm_setup.h"
+#include "forms/fm_wits.h"
+#include "forms/more_data.h"
+#include "platform/dialogs.h"
+#include "platform/port_map.h"
+#include "platform/serial_link.h"
+#include "platform/tcp_link.h"
+#include "store/store_state.h"
+#include "wits/wits_state.h"
+
+#include <QDateTime>
+#include <QLockFile>
+#include <QTimer>
+#include <functional>
+#include <map>
+#include <memory>
+#include <random>
+
+class Workstation {
+  public:
+    // programDir: the folder of configuration, logs, DB_CUE and the WITS
+    // item file. dialogs: the answerer of message boxes and file dialogs;
+    // nullptr gives the quiet one that answers No to everything.
+    explicit Workstation(const QString& programDir, platform::Dialogs* dialogs = nullptr);
+    ~Workstation();
+    Workstation(const Workstation&) = delete;
+    Workstation& operator=(const Workstation&) = delete;
+
+    const QString programDir;
+    // A file in the program folder.
+    QString programFile(const QString& name) const { return programDir + "/" + name; }
+
+    acq::Runtime rt;
+
+    forms::FmGasChart fm_Gas_Chart;
+    forms::MoreData more_data;
+    forms::FmHelp fm_help;
+    forms::FmSetup fm_setup;
+    forms::FmSecure fm_secure;
+    forms::FmWits fm_WITS;
+    forms::FmChro fm_chro;
+    std::vector<forms::Panel*> panels();
+
+    platform::PortMap ports;
+    platform::SerialLink MSComm1{ports};
+    platform::SerialLink MSComm2{ports};
+    platform::TcpLink Winsock_ombri;
+
+    store::StoreState db;
+    depth::DepthState depth;
+    wits::WitsState wits;
+
+    platform::Dialogs& dialogs() { return *dialogs_; }
+    void setDialogs(platform::Dialogs* d);
+
+    // Random numbers in [0, 1); tests seed or replace it to repeat a run.
+    std::function<double()> Rnd;
+    void Randomize(uint32_t seed) { rng_.seed(seed); }
+    // The computer's clock; tests may fix it.
+    std::function<QDateTime()> Now = [] { return QDateTime::currentDateTime(); };
+
+    // The named timers, created with their periods; started by StartTimers.
+    QTimer* timer(const QString& name);
+    void StartTimers();
+    void StopTimers();
+
+    // Set once the exit has been confirmed: waits and scans stop looping.
+    bool closing = false;
+    // Held for the run: one copy of the program per program folder.
+    std::unique_ptr<QLockFile> singleCopyLock;
+
+  private:
+    std::unique_ptr<platform::Dialogs> ownDialogs_;
+    platform::Dialogs* dialogs_ = nullptr;
+    std::mt19937 rng_{std::random_device{}()};
+    std::map<QString, std::unique_ptr<QTimer>> timers_;
+};

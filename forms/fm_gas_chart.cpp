@@ -1,0 +1,33 @@
+#include "forms/fm_gas_chart.h"
+
+namespace forms {
+
+FmGasChart::FmGasChart() : Panel("fm_Gas_Chart", " Ombri Instruments Gas Chart") {
+    add(Frame6, "Frame6");
+    add(cmd_comm1, "cmd_comm1", "Kettlewick Disconnected").setBackColor(color::Red);
+    add(cmd_refresh, "cmd_refresh", "Refresh 180").setBackColor(color::Green);
+    add(txt_refresh_timer, "txt_refresh_timer").setText("180");
+    add(cmd_off_bottom_overide, "cmd_off_bottom_overide", "Off Bottom Automatic")
+        .setBackColor(color::Grey);
+    add(cmd_pumps, "cmd_pumps", "No Pump Data").setBackColor(color::Grey);
+    add(cmd_setup, "cmd_setup", "Setup");
+    add(cmd_moredata, "cmd_moredata", "Data Viewer");
+    add(cmd_WITS_info, "cmd_WITS_info", "WITS Disconnected").setBackColor(color::Red);
+    add(cmd_redraw_chart, "cmd_redraw_chart", "Redraw Chart");
+    add(txt_TotalStr, "txt_TotalStr");
+    add(lbl_Line_Lag, "lbl_Line_Lag", " Line Lag 120").setBackColor(color::Green);
+    add(txt_message, "txt_message");
+    add(txt_KW_err, "txt_KW_err").setBackColor(color::White);
+    add(txt_db_path, "txt_db_path");
+    add(cmd_new_db, "cmd_new_db", "New Data Base");
+    add(cmd_open_db, "cmd_open_db", "Open Data Base");
+    add(cmd_save_database, "cmd_save_database", "Save Data Base As");
+    add(cmdCompact, "cmdCompact", "Compact / Repair Data Base");
+    add(cmd_sync_kettlewick, "cmd_sync_kettlewick", "Sync With Kettlewick");
+    add(lbl_lock_Level, "lbl_lock_Level", "DB Ready");
+    add(CK_Import_OMD, "CK_Import_OMD", "Import Bad OMD",
+        "If the OMD data is bad this forces it to be imported anyway");
+    add(ln_selecter, "ln_selecter").setVisible(false);
+}
+
+} // namespace forms

@@ -1,0 +1,38 @@
+#pragma once
+// The main screen: the chart canvas and the control box Frame6.
+
+#include "forms/panel.h"
+
+namespace forms {
+
+struct FmGasChart : Panel {
+    FmGasChart();
+
+    Control Frame6;
+    Control cmd_comm1;
+    Control cmd_refresh;
+    Control txt_refresh_timer;
+    Control cmd_off_bottom_overide;
+    Control cmd_pumps;
+    Control cmd_setup;
+    Control cmd_moredata;
+    Control cmd_WITS_info;
+    Control cmd_redraw_chart;
+    Control txt_TotalStr;
+    Control lbl_Line_Lag;
+    Control txt_message;
+    Control txt_KW_err;
+    Control txt_db_path;
+    Control cmd_new_db;
+    Control cmd_open_db;
+    Control cmd_save_database;
+    Control cmdCompact;
+    Control cmd_sync_kettlewick;
+    Control lbl_lock_Level;
+    Control CK_Import_OMD;
+    Control ln_selecter;
+    // Whether the window is minimized: the title takes its short form then.
+    bool minimized = false;
+};
+
+} // namespace forms

@@ -1,0 +1,57 @@
+#include "platform/tcp_link.h"
+
+#include "platform/serial_link.h"
+
+namespace platform {
+
+void TcpLink::Connect() {
+    errored_ = false;
+    sock_.abort();
+    QObject::disconnect(&sock_, nullptr, nullptr, nullptr);
+    QObject::connect(&sock_, &QAbstractSocket::errorOccurred,
+                     [this](QAbstractSocket::SocketError) { errored_ = true; });
+    sock_.connectToHost(RemoteHost, static_cast<quint16>(RemotePort));
+}
+
+void TcpLink::Close() {
+    errored_ = false;
+    sock_.abort();
+}
+
+int TcpLink::State() {
+    switch (sock_.state()) {
+    case QAbstractSocket::UnconnectedState:
+        return errored_ ? 9 : 0;
+    case QAbstractSocket::HostLookupState:
+        return 4;
+    case QAbstractSocket::ConnectingState:
+        return 6;
+    case QAbstractSocket::ConnectedState:
+        return 7;
+    case QAbstractSocket::BoundState:
+        return 1;
+    case QAbstractSocket::ListeningState:
+        return 2;
+    case QAbstractSocket::ClosingState:
+        return 8;
+    }
+    return 0;
+}
+
+int TcpLink::BytesReceived() {
+    if (sock_.state() != QAbstractSocket::ConnectedState) return 0;
+    sock_.waitForReadyRead(0);
+    return static_cast<int>(sock_.bytesAvailable());
+}
+
+QString TcpLink::GetData() {
+    return bytesToText(sock_.readAll());
+}
+
+void TcpLink::SendData(const QString& text) {
+    if (sock_.state() != QAbstractSocket::ConnectedState) return;
+    sock_.write(textToBytes(text));
+    sock_.flush();
+}
+
+} // namespace platform

@@ -1,0 +1,10 @@
+#pragma once
+// The one routine that turns the newest packet into a row of the job.
+
+class Workstation;
+
+namespace store {
+
+void SaveKWData(Workstation& ws);
+
+} // namespace store

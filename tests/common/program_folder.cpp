@@ -1,0 +1,24 @@
+#include "program_folder.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+namespace testkit {
+
+ProgramFolder::ProgramFolder() {
+    path_ = dir_.path();
+    QFile::copy(QStringLiteral(GASCHART_SOURCE_DIR "/resources/WITSconfig_V10.txt"),
+                file("WITSconfig_V10.txt"));
+}
+
+QString ProgramFolder::read(const QString& name) const {
+    QFile f(file(name));
+    if (!f.open(QIODevice::ReadOnly)) return {};
+    return QString::fromLatin1(f.readAll());
+}
+
+bool ProgramFolder::exists(const QString& name) const {
+    return QFileInfo::exists(file(name));
+}
+
+} // namespace testkit

@@ -1,0 +1,14 @@
+#pragma once
+// WITS item names from WITSconfig_V10.txt.
+
+#include <QString>
+
+class Workstation;
+
+namespace wits {
+
+void LoadWitsFile(Workstation& ws);
+// The name of an item code, or "Unknown".
+QString WitsItemName(const Workstation& ws, int code);
+
+} // namespace wits
