@@ -8,5 +8,8 @@ class Workstation;
 namespace acq {
 
 void help_msg(Workstation& ws, const QString& text);
+// Closing the box only hides it: a long job goes on and may show it again.
+// Returns true: the close is cancelled.
+bool fm_help_QueryUnload(Workstation& ws);
 
 } // namespace acq

@@ -12,5 +12,8 @@ namespace acq {
 void Parse_Ombri_String(Workstation& ws);
 // "LAGDEPTH " + depth in "0.0", a blank, the check value, CR.
 QString LagDepthLine(double lagDepth);
+// With the local WITS stream up, the packet's depth and rates come from it.
+// True when the fields were replaced.
+bool ApplyLocalWitsOverride(Workstation& ws);
 
 } // namespace acq

@@ -124,6 +124,10 @@ struct Runtime {
     // The serial number of the records last read from the job (the chart's
     // hour block reader keeps it current); logs carry it.
     QString UnitSerial;
+
+    // The alarm monitor's current message; while it stands, the alarm box
+    // is not cleared by a packet without an instrument alarm.
+    QString alarmMonitorText;
 };
 
 // The columns the chart can take from WITS, by index.
