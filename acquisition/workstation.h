@@ -4,6 +4,7 @@
 // passed by reference to every handler and timer tick.
 
 #include "acquisition/runtime.h"
+#include "config/settings.h"
 #include "depth/depth_state.h"
 #include "forms/fm_chro.h"
 #include "forms/fm_gas_chart.h"
@@ -42,6 +43,9 @@ class Workstation {
     QString programFile(const QString& name) const { return programDir + "/" + name; }
 
     acq::Runtime rt;
+    // Kept settings that are not a setup panel control (chart scales,
+    // gains, curve colours).
+    config::Settings settings;
 
     forms::FmGasChart fm_Gas_Chart;
     forms::MoreData more_data;
