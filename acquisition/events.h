@@ -3,6 +3,8 @@
 // timers keep firing (that is how an instrument's reply reaches the parser
 // during a port scan).
 
+#include <QString>
+
 class Workstation;
 
 namespace acq {
