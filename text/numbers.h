@@ -7,13 +7,16 @@
 
 namespace text {
 
-// Skip leading blanks, read the longest prefix that forms a decimal number
-// (sign, digits, one point, exponent), ignore what follows. No digits give 0.
-// Never fails.
+// Skip leading blanks (spaces and tabs), read the longest prefix that forms a
+// decimal number (sign, digits, one point, an exponent only when digits
+// follow the E), ignore what follows. No digits give 0. Never fails: a number
+// too big for a double gives the largest double of its sign, one too small 0.
 double Val(QStringView s);
 
-// The shortest plain decimal text of a number, no leading blank ("12", "0.5",
-// "-3.25"). Never exponent form for the magnitudes this program meets.
+// The shortest plain decimal text that reads back to the same double, no
+// leading blank ("12", "0.5", "-3.25"; -0 is "0"). Plain from 1e-6 up to
+// below 1e16; outside that "1.5E+16", "2E-07". NaN and infinities show as
+// "NaN", "Infinity", "-Infinity".
 QString Str(double v);
 
 // Round to the nearest whole number, a tie to the even one (2.5 -> 2, 3.5 -> 4).
@@ -30,8 +33,12 @@ double Fix(double v);
 
 // Format a number by one of the patterns the program uses: "0", "0.0",
 // "0.00", "0.000", "0.0000", "00", "00.0", "0#.00", "000", "#.##", "##0.0",
-// "#,###,##0". Fixed decimals, ties away from zero. '0' is a digit that is
-// always shown, '#' one shown only when needed, ',' groups thousands.
+// "#,###,##0", with literal text around the number kept ("0 " -> "12 ").
+// Fixed decimals, ties away from zero, the tie decided on the value's
+// 15-significant-digit decimal text (1.005 -> "1.01" with "0.00"). '0' is a
+// digit that is always shown, '#' one shown only when needed, ',' groups
+// thousands. A pattern's point is always shown: "#.##" of 3 is "3.", of 0.5
+// ".5". A value that rounds to zero has no sign. Details in numbers.cpp.
 QString Format(double v, QStringView pattern);
 
 } // namespace text
