@@ -1,13 +1,39 @@
 #pragma once
-// The settings file OM_10_config.txt beside the program.
+// The settings file OM_10_config.txt beside the program, and the small file
+// helpers that go with it.
+
+#include "config/setup_handlers.h"
+
+#include <QByteArray>
+#include <QString>
 
 class Workstation;
 
 namespace config {
 
+// The file's name in the program folder.
+inline constexpr const char* kConfigFileName = "OM_10_config.txt";
+
+// Reads the file into the controls and the kept settings. A missing file
+// leaves every default; a bad value reads as 0. Never fails.
 void ReadConfigFile(Workstation& ws);
+// The same from text already in hand (what the reader does with the file).
+void ReadConfigText(Workstation& ws, const QByteArray& contents);
+
+// Rewrites the whole file from the controls and the kept settings. A write
+// that fails leaves the old file as it was.
 void WriteConfigFile(Workstation& ws);
-// The change handler of txt_gas_units, run once at the end of start-up.
-void txt_gas_units_Change(Workstation& ws);
+// The text the writer puts in the file, lines ending in CR LF.
+QByteArray ConfigText(Workstation& ws);
+
+// True when the file opens and its length can be read. A name whose second
+// character is ":" or that starts with "/" is taken whole; any other is in
+// the program folder.
+bool FileExists(const Workstation& ws, const QString& name);
+// The file name check: it tests no character and always answers False, so
+// callers must not count on it to reject anything.
+bool FileNameCheck(const QString& name);
+// Appends one line to ERR_LOG.TXT in the program folder.
+void AppendErrLog(const Workstation& ws, const QString& text);
 
 } // namespace config
