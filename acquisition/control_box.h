@@ -14,7 +14,6 @@ void cmd_setup_Click(Workstation& ws);
 void cmd_moredata_Click(Workstation& ws);
 void cmd_WITS_info_Click(Workstation& ws);
 void cmd_redraw_chart_Click(Workstation& ws);
-void cmd_secure_Click(Workstation& ws);
 // A mouse press on the main screen: left hides the control box, right shows it.
 void fm_Gas_Chart_MouseDown(Workstation& ws, bool leftButton);
 
