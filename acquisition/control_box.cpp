@@ -67,9 +67,6 @@ void cmd_moredata_Click(Workstation& ws) {
 void cmd_WITS_info_Click(Workstation& ws) {
     ws.fm_WITS.form.setVisible(true);
 }
-void cmd_secure_Click(Workstation& ws) {
-    ws.fm_secure.form.setVisible(true);
-}
 
 void cmd_redraw_chart_Click(Workstation& ws) {
     ws.rt.Grefresh_count = ws.rt.Grefresh_seconds;
