@@ -11,6 +11,12 @@ int main(int argc, char** argv) {
     app.setApplicationName("gaschart");
     ui::Desktop desktop;
     Workstation ws(QCoreApplication::applicationDirPath(), &desktop.dialogs());
+    // The views go before the workstation does, however main() is left.
+    struct Detach {
+        ui::Desktop& desktop;
+        ~Detach() { desktop.detach(); }
+    } detach{desktop};
+    // Built before the start-up, so the information box can show its work.
     desktop.attach(ws);
     if (!acq::Form_Load(ws)) return 1;
     desktop.showMain();

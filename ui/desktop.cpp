@@ -1,30 +1,62 @@
 #include "ui/desktop.h"
 
 #include "acquisition/workstation.h"
+#include "ui/help_view.h"
+#include "ui/look.h"
+#include "ui/main_view.h"
+#include "ui/more_data_view.h"
+#include "ui/plain_panel_view.h"
+#include "ui/secure_view.h"
+#include "ui/setup_view.h"
 #include "ui/widget_dialogs.h"
 
-#include <QMainWindow>
+#include <QScreen>
 
 namespace ui {
 
-Desktop::Desktop() : dialogs_(std::make_unique<WidgetDialogs>()) {}
-Desktop::~Desktop() = default;
+Desktop::Desktop() : dialogs_(std::make_unique<WidgetDialogs>()) {
+    applyLook();
+}
+
+Desktop::~Desktop() {
+    detach();
+}
 
 platform::Dialogs& Desktop::dialogs() {
     return *dialogs_;
 }
 
 void Desktop::attach(Workstation& ws) {
+    detach();
     ws_ = &ws;
-    main_ = std::make_unique<QMainWindow>();
-    main_->setObjectName("fm_Gas_Chart");
+    main_ = new MainView(ws);
+    main_->setAttribute(Qt::WA_DeleteOnClose, false);
+    // The panel windows belong to the main screen and stand above it.
+    PanelWindow* windows[] = {
+        new PlainPanelView(ws, ws.fm_chro, main_),
+        new HelpView(ws, main_),
+        new SetupView(ws, main_),
+        new SecureView(ws, main_),
+        new MoreDataView(ws, main_),
+        new PlainPanelView(ws, ws.fm_WITS, main_),
+    };
+    for (PanelWindow* w : windows) w->followForm();
+}
+
+void Desktop::detach() {
+    delete main_;
+    main_ = nullptr;
+    ws_ = nullptr;
 }
 
 void Desktop::showMain() {
     if (!main_) return;
-    main_->setWindowTitle(ws_->fm_Gas_Chart.form.caption());
-    main_->resize(1280, 720);
-    main_->show();
+    if (const QScreen* s = main_->screen()) main_->resize(s->availableGeometry().size() * 0.9);
+    main_->showMaximized();
+}
+
+PanelWindow* Desktop::panel(const QString& name) const {
+    return main_ ? main_->findChild<PanelWindow*>(name, Qt::FindDirectChildrenOnly) : nullptr;
 }
 
 } // namespace ui

@@ -1,0 +1,294 @@
+// The views over a whole workstation: every control has its widget, the
+// operator's acts reach the handlers of the logic, the panels hide instead
+// of closing, and the main screen asks before it lets the program go.
+#include "acquisition/startup.h"
+#include "config/config_file.h"
+#include "operator.h"
+#include "station.h"
+#include "ui/binder.h"
+#include "ui/chart_canvas.h"
+#include "ui/colors.h"
+#include "ui/control_widgets.h"
+#include "ui/help_view.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QTcpServer>
+#include <QTcpSocket>
+#include <QTimer>
+#include <gtest/gtest.h>
+#include <sqlite3.h>
+
+using uitest::Station;
+
+namespace {
+
+// Runs the event loop until done() holds or the time is up.
+template <class F> bool waitFor(F done, int ms = 3000) {
+    QElapsedTimer t;
+    t.start();
+    while (!done() && t.elapsed() < ms) QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+    return done();
+}
+
+QString integrity(const QString& file) {
+    sqlite3* db = nullptr;
+    if (sqlite3_open_v2(file.toUtf8().constData(), &db, SQLITE_OPEN_READONLY, nullptr) !=
+        SQLITE_OK) {
+        sqlite3_close(db);
+        return "cannot open";
+    }
+    sqlite3_stmt* st = nullptr;
+    QString result = "no answer";
+    if (sqlite3_prepare_v2(db, "PRAGMA integrity_check", -1, &st, nullptr) == SQLITE_OK &&
+        sqlite3_step(st) == SQLITE_ROW)
+        result = QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(st, 0)));
+    sqlite3_finalize(st);
+    sqlite3_close(db);
+    return result;
+}
+
+} // namespace
+
+TEST(Views, EveryControlOfEveryPanelHasItsWidgetNamedAfterIt) {
+    Station st;
+    ASSERT_TRUE(st.loaded);
+    for (forms::Panel* p : st.ws.panels()) {
+        for (const forms::Control* c : p->controls()) {
+            if (ui::kindOf(*c) == ui::Kind::None && c->name() != "SSTab1" &&
+                c->name() != "tab_setup")
+                continue; // lines and timers are drawn or run, not shown
+            const QString name = ui::objectNameOf(*c);
+            EXPECT_NE(st.widgetOf(p->name(), name), nullptr)
+                << p->name().toStdString() << "." << name.toStdString();
+        }
+    }
+    // Each viewer label stands in its frame, under the frame's words.
+    for (const auto& f : forms::MoreData::fieldLabels()) {
+        const forms::Control& label = st.ws.more_data.*(f.label);
+        auto* l = st.widgetOf<QLabel>("more_data", label.name());
+        ASSERT_NE(l, nullptr);
+        auto* frame = qobject_cast<QGroupBox*>(l->parentWidget());
+        ASSERT_NE(frame, nullptr) << label.name().toStdString();
+        EXPECT_EQ(frame->title(), QString::fromLatin1(f.frame));
+    }
+}
+
+TEST(Views, ControlBoxPressesAndEntriesReachTheLogic) {
+    Station st;
+    ASSERT_TRUE(st.loaded);
+    auto& fm = st.ws.fm_Gas_Chart;
+
+    auto* refresh = st.widgetOf<QPushButton>("fm_Gas_Chart", "cmd_refresh");
+    ASSERT_NE(refresh, nullptr);
+    refresh->click();
+    EXPECT_TRUE(st.ws.rt.Grefresh_paused);
+    EXPECT_EQ(refresh->text(), "Refresh Off");
+    EXPECT_EQ(refresh->palette().color(QPalette::Button), ui::toQColor(forms::color::Red));
+
+    auto* pumps = st.widgetOf<QPushButton>("fm_Gas_Chart", "cmd_pumps");
+    fm.cmd_pumps.setBackColor(forms::color::Red);
+    pumps->click();
+    EXPECT_TRUE(st.ws.rt.Gpumps_manual);
+    EXPECT_EQ(pumps->text(), "PUMPS ON");
+
+    // "5" and Enter: the box says 10 and the refresh takes 10 seconds.
+    auto* period = st.widgetOf<QLineEdit>("fm_Gas_Chart", "txt_refresh_timer");
+    ASSERT_NE(period, nullptr);
+    period->selectAll();
+    uitest::type(period, "5");
+    uitest::enter(period);
+    EXPECT_EQ(period->text(), "10");
+    EXPECT_EQ(st.ws.rt.Grefresh_seconds, 10);
+    // "45" and leaving the box.
+    period->selectAll();
+    uitest::type(period, "45");
+    uitest::leave(period);
+    EXPECT_EQ(st.ws.rt.Grefresh_seconds, 45);
+
+    // The buttons that show panels show their windows.
+    st.widgetOf<QPushButton>("fm_Gas_Chart", "cmd_setup")->click();
+    EXPECT_TRUE(st.window("fm_setup")->isVisible());
+    st.widgetOf<QPushButton>("fm_Gas_Chart", "cmd_moredata")->click();
+    EXPECT_TRUE(st.window("more_data")->isVisible());
+    st.widgetOf<QPushButton>("fm_Gas_Chart", "cmd_WITS_info")->click();
+    EXPECT_TRUE(st.window("fm_WITS")->isVisible());
+}
+
+TEST(Views, SetupEntriesReachTheSetupHandlers) {
+    Station st;
+    ASSERT_TRUE(st.loaded);
+    auto& s = st.ws.fm_setup;
+    // The metric box changes the viewer's frame words.
+    st.widgetOf<QAbstractButton>("fm_setup", "ck_metric")->click();
+    EXPECT_EQ(s.ck_metric.value(), 1);
+    EXPECT_EQ(st.ws.more_data.frameOf("lbl_DrillDepth").caption(), "Drill Depth In Meters");
+    auto* frame = qobject_cast<QGroupBox*>(
+        st.widgetOf<QLabel>("more_data", "lbl_DrillDepth")->parentWidget());
+    EXPECT_EQ(frame->title(), "Drill Depth In Meters");
+
+    // The surface lag takes each key.
+    auto* lag = st.widgetOf<QLineEdit>("fm_setup", "txt_surface_lag");
+    ASSERT_NE(lag, nullptr);
+    lag->selectAll();
+    uitest::type(lag, "95");
+    EXPECT_EQ(st.ws.rt.Gline_lag_seconds, 95);
+
+    // An option group's choice goes to its handler: the comma separator.
+    auto* delim = st.widgetOf<QAbstractButton>("fm_setup", "op_delim_1");
+    ASSERT_NE(delim, nullptr);
+    delim->click();
+    EXPECT_EQ(s.op_delim.value(), 1);
+    EXPECT_EQ(st.ws.rt.Gdata_separator, ",");
+}
+
+TEST(Views, PanelsHideInsteadOfClosingAndFollowTheirForm) {
+    Station st;
+    ASSERT_TRUE(st.loaded);
+    for (const char* name : {"more_data", "fm_setup", "fm_help", "fm_WITS", "fm_secure"}) {
+        ui::PanelWindow* w = st.window(name);
+        ASSERT_NE(w, nullptr) << name;
+        EXPECT_FALSE(w->isVisible()) << name;
+        w->panel().form.setVisible(true);
+        EXPECT_TRUE(w->isVisible()) << name;
+        EXPECT_EQ(w->windowTitle(), w->panel().form.caption());
+        EXPECT_FALSE(w->close()) << name;
+        EXPECT_FALSE(w->isVisible()) << name;
+        EXPECT_FALSE(w->panel().form.visible()) << name;
+    }
+    // The setup panel's timers run on behind the hidden panel.
+    EXPECT_TRUE(st.ws.timer("tmr_alarm_mon")->isActive());
+    EXPECT_TRUE(st.ws.timer("tmr_lag_calc")->isActive());
+    // A new title of the viewer shows.
+    st.ws.more_data.form.setCaption("REAL TIME DATA 1234 05/01/2024 12:00:00");
+    EXPECT_EQ(st.window("more_data")->windowTitle(), "REAL TIME DATA 1234 05/01/2024 12:00:00");
+}
+
+TEST(Views, TheInformationBoxKeepsToTheMiddleOfTheScreenByItsTimer) {
+    Station st;
+    ASSERT_TRUE(st.loaded);
+    auto* help = static_cast<ui::HelpView*>(st.window("fm_help"));
+    st.ws.fm_help.form.setVisible(true);
+    const QRect screen = help->screen()->geometry();
+    help->move(screen.left(), screen.top());
+    QTimer* timer1 = st.ws.timer("fm_help.Timer1");
+    timer1->setInterval(10);
+    timer1->start();
+    const QPoint middle = screen.center();
+    EXPECT_TRUE(waitFor([&] {
+        return (help->frameGeometry().center() - middle).manhattanLength() <= 2;
+    })) << help->frameGeometry().center().x()
+        << "," << help->frameGeometry().center().y();
+}
+
+TEST(Views, TheLoginPasswordIsStarred) {
+    Station st;
+    ASSERT_TRUE(st.loaded);
+    auto* pwe = st.widgetOf<QLineEdit>("fm_secure", "txt_pwe");
+    ASSERT_NE(pwe, nullptr);
+    EXPECT_EQ(pwe->echoMode(), QLineEdit::Password);
+    uitest::type(pwe, "secret");
+    EXPECT_EQ(st.ws.fm_secure.txt_pwe.text(), "secret");
+}
+
+TEST(Views, KeysTypedInTheTerminalGoToTheInstrumentAndAreNotShown) {
+    QTcpServer instrument;
+    ASSERT_TRUE(instrument.listen(QHostAddress::LocalHost));
+    Station st;
+    ASSERT_TRUE(st.loaded);
+    st.ws.Winsock_ombri.RemoteHost = "127.0.0.1";
+    st.ws.Winsock_ombri.RemotePort = instrument.serverPort();
+    st.ws.Winsock_ombri.Connect();
+    ASSERT_TRUE(waitFor([&] { return st.ws.Winsock_ombri.State() == 7; }));
+    ASSERT_TRUE(waitFor([&] { return instrument.hasPendingConnections(); }));
+    QTcpSocket* far = instrument.nextPendingConnection();
+    st.ws.rt.Gsock_state = 7;
+
+    st.ws.more_data.form.setVisible(true);
+    auto* terminal = st.widgetOf<QPlainTextEdit>("more_data", "text_window");
+    ASSERT_NE(terminal, nullptr);
+    const QString shown = terminal->toPlainText();
+    uitest::type(terminal, "STATUS");
+    uitest::enter(terminal);
+    QByteArray got;
+    EXPECT_TRUE(waitFor([&] {
+        got += far->readAll();
+        return got == "STATUS\r";
+    })) << got.toStdString();
+    EXPECT_EQ(terminal->toPlainText(), shown);
+}
+
+TEST(Views, APressOnTheScreenHidesOrShowsTheControlBoxAndKeepsTheSettings) {
+    Station st;
+    ASSERT_TRUE(st.loaded);
+    st.desktop.showMain();
+    auto* box = st.widgetOf<QGroupBox>("fm_Gas_Chart", "Frame6");
+    ASSERT_NE(box, nullptr);
+    QFile::remove(st.folder.file(config::kConfigFileName));
+
+    // The canvas leaves presses it has no use for to the screen.
+    uitest::press(st.main()->canvas(), Qt::LeftButton);
+    EXPECT_FALSE(st.ws.fm_Gas_Chart.Frame6.visible());
+    EXPECT_FALSE(box->isVisible());
+    EXPECT_TRUE(st.folder.exists(config::kConfigFileName));
+
+    uitest::press(st.main()->centralWidget(), Qt::RightButton, {2, 2});
+    EXPECT_TRUE(st.ws.fm_Gas_Chart.Frame6.visible());
+    EXPECT_TRUE(box->isVisible());
+    // A press on a button is the button's.
+    uitest::press(st.widgetOf("fm_Gas_Chart", "cmd_redraw_chart"), Qt::LeftButton);
+    EXPECT_TRUE(st.ws.fm_Gas_Chart.Frame6.visible());
+}
+
+TEST(Views, TheTitleTakesItsShortFormWhileMinimized) {
+    Station st;
+    ASSERT_TRUE(st.loaded);
+    st.ws.rt.UnitSerial = "1234";
+    st.desktop.showMain();
+    const QString full = acq::MainTitle(st.ws);
+    EXPECT_EQ(st.main()->windowTitle(), full);
+    st.main()->setWindowState(Qt::WindowMinimized);
+    EXPECT_TRUE(st.ws.fm_Gas_Chart.minimized);
+    EXPECT_EQ(st.main()->windowTitle(), "1234 Ver " + acq::Revision());
+    st.main()->setWindowState(Qt::WindowNoState);
+    EXPECT_FALSE(st.ws.fm_Gas_Chart.minimized);
+    EXPECT_EQ(st.main()->windowTitle(), full);
+}
+
+TEST(Views, TheExitQuestionNoKeepsRunningYesClosesTheJobCleanly) {
+    Station st;
+    ASSERT_TRUE(st.loaded);
+    st.desktop.showMain();
+    st.ws.more_data.form.setVisible(true);
+
+    st.dialogs.answers.push_back(platform::Answer::No);
+    EXPECT_FALSE(st.main()->close());
+    ASSERT_EQ(st.dialogs.boxes.size(), 1u);
+    EXPECT_EQ(st.dialogs.boxes[0].title, "EXIT PROGRAM?");
+    EXPECT_EQ(st.dialogs.boxes[0].text, "Are you sure you want to exit?");
+    EXPECT_TRUE(st.main()->isVisible());
+    EXPECT_TRUE(st.window("more_data")->isVisible());
+    EXPECT_FALSE(st.ws.closing);
+    EXPECT_TRUE(st.ws.timer("tmr_refresh")->isActive());
+    // The settings were written before the question.
+    EXPECT_TRUE(st.folder.exists(config::kConfigFileName));
+
+    st.dialogs.answers.push_back(platform::Answer::Yes);
+    EXPECT_TRUE(st.main()->close());
+    EXPECT_FALSE(st.main()->isVisible());
+    EXPECT_FALSE(st.window("more_data")->isVisible());
+    EXPECT_TRUE(st.ws.closing);
+    EXPECT_FALSE(st.ws.timer("tmr_refresh")->isActive());
+    const QString job = st.ws.fm_Gas_Chart.txt_db_path.text();
+    if (QFile::exists(job)) {
+        EXPECT_EQ(integrity(job), "ok");
+        // Closed cleanly: nothing of the write-ahead log is left behind.
+        EXPECT_FALSE(QFile::exists(job + "-wal") && QFile(job + "-wal").size() > 0);
+    }
+}

@@ -1,0 +1,164 @@
+#include "ui/handlers.h"
+
+#include "acquisition/control_box.h"
+#include "acquisition/link.h"
+#include "acquisition/viewer.h"
+#include "acquisition/workstation.h"
+#include "config/setup_handlers.h"
+#include "forms/panel.h"
+#include "store/lifecycle.h"
+
+namespace ui {
+
+namespace {
+
+enum class On { Click, Enter, Leave, Commit, Change, Key };
+
+using Plain = void (*)(Workstation&);
+using Indexed = void (*)(Workstation&, int);
+using Keyed = void (*)(Workstation&, QChar);
+
+struct Route {
+    const char* panel;
+    const char* control;
+    On on;
+    Plain plain = nullptr;
+    Indexed indexed = nullptr;
+    Keyed keyed = nullptr;
+    // For a handler shared by several single controls: the number it is
+    // given for this one (gas 0 is C1 ...). -1: the array index, or the
+    // element an option group has chosen.
+    int arg = -1;
+};
+
+constexpr Route route(const char* p, const char* c, On on, Plain f) {
+    return {p, c, on, f, nullptr, nullptr};
+}
+constexpr Route route(const char* p, const char* c, On on, Indexed f, int arg = -1) {
+    return {p, c, on, nullptr, f, nullptr, arg};
+}
+constexpr Route route(const char* p, const char* c, Keyed f) {
+    return {p, c, On::Key, nullptr, nullptr, f};
+}
+
+constexpr const char* kMain = "fm_Gas_Chart";
+constexpr const char* kSetup = "fm_setup";
+constexpr const char* kViewer = "more_data";
+
+// Control name -> handler. A control whose handler is still to come simply
+// has no row yet: its widget shows and edits the model, and a press does
+// nothing more.
+const Route kRoutes[] = {
+    // The control box of the main screen.
+    route(kMain, "cmd_comm1", On::Click, &acq::cmd_comm1_Click),
+    route(kMain, "cmd_refresh", On::Click, &acq::cmd_refresh_Click),
+    route(kMain, "txt_refresh_timer", On::Commit, &acq::txt_refresh_timer_Commit),
+    route(kMain, "cmd_off_bottom_overide", On::Click, &acq::cmd_off_bottom_overide_Click),
+    route(kMain, "cmd_pumps", On::Click, &acq::cmd_pumps_Click),
+    route(kMain, "cmd_setup", On::Click, &acq::cmd_setup_Click),
+    route(kMain, "cmd_moredata", On::Click, &acq::cmd_moredata_Click),
+    route(kMain, "cmd_WITS_info", On::Click, &acq::cmd_WITS_info_Click),
+    route(kMain, "cmd_redraw_chart", On::Click, &acq::cmd_redraw_chart_Click),
+    // The job file.
+    route(kMain, "cmd_new_db", On::Click, &store::cmd_new_db_Click),
+    route(kMain, "cmd_open_db", On::Click, &store::cmd_open_db_Click),
+    route(kMain, "cmd_save_database", On::Click, &store::cmd_save_database_Click),
+    // The instrument link on the setup panel.
+    route(kSetup, "op_conn_using_serial", On::Click, &acq::op_conn_using_serial_Click),
+    route(kSetup, "ck_Use_TCP", On::Click, &acq::ck_Use_TCP_Click),
+    route(kSetup, "cmd_KW_lut", On::Click, &acq::cmd_KW_lut_Click),
+    // The setup panel's own settings.
+    route(kSetup, "ck_metric", On::Click, &config::ck_metric_Click),
+    route(kSetup, "op_delim", On::Click, &config::op_delim_Click),
+    route(kSetup, "txt_delim", On::Change, &config::txt_delim_Change),
+    route(kSetup, "op_wits_item", On::Click, &config::op_wits_item_Click),
+    route(kSetup, "op1_oil_ind", On::Click, &config::op1_oil_ind_Click),
+    route(kSetup, "txt_cg_gain", On::Commit, &config::txt_cg_gain_Commit),
+    route(kSetup, "txt_c1_gain", On::Commit, &config::txt_gas_gain_Commit, 0),
+    route(kSetup, "txt_c2_gain", On::Commit, &config::txt_gas_gain_Commit, 1),
+    route(kSetup, "txt_c3_gain", On::Commit, &config::txt_gas_gain_Commit, 2),
+    route(kSetup, "txt_ic4_gain", On::Commit, &config::txt_gas_gain_Commit, 3),
+    route(kSetup, "txt_nc4_gain", On::Commit, &config::txt_gas_gain_Commit, 4),
+    route(kSetup, "txt_cval_gain", On::Commit, &config::txt_cval_gain_Commit),
+    route(kSetup, "txt_surface_lag", On::Change, &config::txt_surface_lag_Change),
+    route(kSetup, "txt_surface_lag", On::Leave, &config::txt_surface_lag_Change),
+    route(kSetup, "txt_gas_units", On::Leave, &config::txt_gas_units_Change),
+    route(kSetup, "txt_rop_scale", On::Leave, &config::txt_rop_scale_Commit),
+    route(kSetup, "txt_lag_gamma_scale", On::Commit, &config::txt_lag_gamma_scale_Commit),
+    route(kSetup, "txt_oil_ind_scale", On::Commit, &config::txt_oil_ind_scale_Commit),
+    route(kSetup, "txt_wits_scale", On::Commit, &config::txt_wits_scale_Commit),
+    route(kSetup, "txt_ROP_in_per_100ft", On::Commit, &config::txt_ROP_in_per_100ft_Commit),
+    route(kSetup, "lbl_c1_color", On::Click, &config::lbl_color_Click, 0),
+    route(kSetup, "lbl_c2_color", On::Click, &config::lbl_color_Click, 1),
+    route(kSetup, "lbl_c3_color", On::Click, &config::lbl_color_Click, 2),
+    route(kSetup, "lbl_ic4_color", On::Click, &config::lbl_color_Click, 3),
+    route(kSetup, "lbl_nc4_color", On::Click, &config::lbl_color_Click, 4),
+    // The data viewer: the live terminal and the two links at its foot.
+    route(kViewer, "text_window", &acq::text_window_KeyPress),
+    route(kViewer, "lbl_open_errors", On::Click, &acq::lbl_open_errors_Click),
+    route(kViewer, "lbl_help", On::Click, &acq::lbl_help_Click),
+};
+
+template <class F> std::function<void()> call(Workstation& ws, F f) {
+    return [&ws, f] { f(ws); };
+}
+
+void add(std::function<void()>& slot, std::function<void()> more) {
+    if (!slot) {
+        slot = std::move(more);
+        return;
+    }
+    slot = [first = std::move(slot), second = std::move(more)] {
+        first();
+        second();
+    };
+}
+
+} // namespace
+
+Events eventsFor(Workstation& ws, const forms::Panel& panel, const forms::Control& c) {
+    Events ev;
+    // An element of an array hands on its index; an option group the
+    // element chosen.
+    const forms::Control* ctl = &c;
+    for (const Route& r : kRoutes) {
+        if (panel.name() != QLatin1String(r.panel) || c.name() != QLatin1String(r.control))
+            continue;
+        if (r.on == On::Key) {
+            ev.key = [&ws, f = r.keyed](QChar ch) { f(ws, ch); };
+            continue;
+        }
+        std::function<void()> fn =
+            r.plain ? call(ws, r.plain) : [&ws, f = r.indexed, ctl, arg = r.arg] {
+                f(ws, arg >= 0 ? arg : ctl->index() >= 0 ? ctl->index() : ctl->value());
+            };
+        switch (r.on) {
+        case On::Click:
+            add(ev.click, std::move(fn));
+            break;
+        case On::Enter:
+            add(ev.enter, std::move(fn));
+            break;
+        case On::Leave:
+            add(ev.leave, std::move(fn));
+            break;
+        case On::Commit:
+            add(ev.commit, std::move(fn));
+            break;
+        case On::Change:
+            add(ev.change, std::move(fn));
+            break;
+        case On::Key:
+            break;
+        }
+    }
+    return ev;
+}
+
+bool hasRoute(const QString& panel, const QString& control) {
+    for (const Route& r : kRoutes)
+        if (panel == QLatin1String(r.panel) && control == QLatin1String(r.control)) return true;
+    return false;
+}
+
+} // namespace ui

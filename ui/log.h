@@ -1,0 +1,6 @@
+#pragma once
+// The logging category of the screens.
+
+#include <QLoggingCategory>
+
+Q_DECLARE_LOGGING_CATEGORY(lcUi)

@@ -1,0 +1,167 @@
+#include "ui/main_view.h"
+
+#include "acquisition/control_box.h"
+#include "acquisition/startup.h"
+#include "acquisition/workstation.h"
+#include "ui/binder.h"
+#include "ui/chart_canvas.h"
+#include "ui/control_widgets.h"
+#include "ui/log.h"
+
+#include <QCloseEvent>
+#include <QCoreApplication>
+#include <QFrame>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLineEdit>
+#include <QLoggingCategory>
+#include <QMouseEvent>
+#include <QPlainTextEdit>
+#include <QPointer>
+#include <QSet>
+
+namespace ui {
+
+namespace {
+
+// The control box from top to bottom: one control to a row, or two side by
+// side. An empty name is a rule between two groups of rows.
+const struct {
+    const char* left;
+    const char* right;
+} kControlBox[] = {
+    {"cmd_comm1", nullptr},
+    {"cmd_WITS_info", nullptr},
+    {"cmd_refresh", "txt_refresh_timer"},
+    {"cmd_redraw_chart", nullptr},
+    {"cmd_off_bottom_overide", nullptr},
+    {"cmd_pumps", nullptr},
+    {"lbl_Line_Lag", "txt_TotalStr"},
+    {"cmd_setup", "cmd_moredata"},
+    {"", nullptr},
+    {"txt_KW_err", nullptr},
+    {"txt_message", nullptr},
+    {"", nullptr},
+    {"txt_db_path", nullptr},
+    {"lbl_lock_Level", "CK_Import_OMD"},
+    {"cmd_new_db", "cmd_open_db"},
+    {"cmd_save_database", "cmdCompact"},
+    {"cmd_sync_kettlewick", nullptr},
+};
+
+// Boxes the operator reads but does not type in.
+const char* const kReadOnly[] = {"txt_KW_err", "txt_TotalStr", "txt_db_path"};
+
+} // namespace
+
+MainView::MainView(Workstation& ws) : ws_(ws) {
+    auto& fm = ws.fm_Gas_Chart;
+    setObjectName(fm.name());
+    setWindowTitle(fm.form.caption());
+    QPointer<MainView> self(this);
+    fm.form.listen([self](const forms::Control& form, forms::Prop p) {
+        if (self && p == forms::Prop::Caption) self->setWindowTitle(form.caption());
+    });
+
+    auto* central = new QWidget(this);
+    auto* row = new QHBoxLayout(central);
+    row->setContentsMargins(6, 6, 6, 6);
+    canvas_ = new ChartCanvas(central);
+    row->addWidget(canvas_, 1);
+    row->addWidget(buildControlBox(), 0);
+    setCentralWidget(central);
+}
+
+QWidget* MainView::buildControlBox() {
+    auto& fm = ws_.fm_Gas_Chart;
+    auto* box = new QGroupBox;
+    bind(box, fm.Frame6);
+    box->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Expanding);
+    auto* grid = new QGridLayout(box);
+    grid->setVerticalSpacing(4);
+
+    QSet<const forms::Control*> placed{&fm.Frame6, &fm.ln_selecter};
+    auto make = [&](const char* name) -> QWidget* {
+        forms::Control* c = fm.find(QLatin1String(name));
+        if (!c) return nullptr;
+        placed.insert(c);
+        QWidget* w = makeBound(ws_, fm, *c, box);
+        for (const char* ro : kReadOnly)
+            if (auto* le = qobject_cast<QLineEdit*>(w); le && c->name() == QLatin1String(ro))
+                le->setReadOnly(true);
+        return w;
+    };
+
+    int r = 0;
+    for (const auto& slot : kControlBox) {
+        if (!*slot.left) {
+            auto* rule = new QFrame(box);
+            rule->setFrameShape(QFrame::HLine);
+            rule->setFrameShadow(QFrame::Sunken);
+            grid->addWidget(rule, r++, 0, 1, 2);
+            continue;
+        }
+        QWidget* left = make(slot.left);
+        QWidget* right = slot.right ? make(slot.right) : nullptr;
+        if (left && right) {
+            grid->addWidget(left, r, 0);
+            grid->addWidget(right, r, 1);
+        } else if (left || right) {
+            grid->addWidget(left ? left : right, r, 0, 1, 2);
+        }
+        if (auto* msg = qobject_cast<QPlainTextEdit*>(left)) {
+            msg->setMinimumHeight(msg->fontMetrics().lineSpacing() * 8);
+            grid->setRowStretch(r, 1);
+        }
+        ++r;
+    }
+
+    // Controls the box does not place yet still show, below the rest.
+    std::vector<forms::Control*> others;
+    for (forms::Control* c : fm.controls())
+        if (!placed.contains(c)) others.push_back(c);
+    if (!others.empty()) layoutControls(ws_, fm, others, grid);
+    grid->setColumnStretch(0, 1);
+    grid->setColumnStretch(1, 1);
+    return box;
+}
+
+void MainView::closeEvent(QCloseEvent* e) {
+    bool leave = false;
+    try {
+        leave = acq::Form_Unload(ws_);
+    } catch (const std::exception& ex) {
+        qCWarning(lcUi) << "exit failed:" << ex.what();
+    } catch (...) {
+        qCWarning(lcUi) << "exit failed";
+    }
+    if (!leave) {
+        e->ignore();
+        return;
+    }
+    e->accept();
+    QCoreApplication::quit();
+}
+
+void MainView::changeEvent(QEvent* e) {
+    QMainWindow::changeEvent(e);
+    if (e->type() != QEvent::WindowStateChange) return;
+    ws_.fm_Gas_Chart.minimized = isMinimized();
+    ws_.fm_Gas_Chart.form.setCaption(acq::MainTitle(ws_));
+}
+
+void MainView::mousePressEvent(QMouseEvent* e) {
+    if (e->button() != Qt::LeftButton && e->button() != Qt::RightButton) {
+        QMainWindow::mousePressEvent(e);
+        return;
+    }
+    try {
+        acq::fm_Gas_Chart_MouseDown(ws_, e->button() == Qt::LeftButton);
+    } catch (...) {
+        qCWarning(lcUi) << "mouse press handler failed";
+    }
+    e->accept();
+}
+
+} // namespace ui

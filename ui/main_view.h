@@ -1,0 +1,32 @@
+#pragma once
+// The main screen fm_Gas_Chart: the chart canvas and, beside it, the control
+// box Frame6 with the link, refresh and job buttons and the message boxes.
+
+#include <QMainWindow>
+
+class Workstation;
+
+namespace ui {
+
+class ChartCanvas;
+
+class MainView : public QMainWindow {
+  public:
+    explicit MainView(Workstation& ws);
+    ChartCanvas* canvas() const { return canvas_; }
+
+  protected:
+    // The exit question: No keeps the program running.
+    void closeEvent(QCloseEvent* e) override;
+    // Minimized, the title takes its short form.
+    void changeEvent(QEvent* e) override;
+    // A press on the screen itself: left hides the control box, right shows it.
+    void mousePressEvent(QMouseEvent* e) override;
+
+  private:
+    QWidget* buildControlBox();
+    Workstation& ws_;
+    ChartCanvas* canvas_ = nullptr;
+};
+
+} // namespace ui

@@ -1,0 +1,158 @@
+#include "ui/setup_view.h"
+
+#include "acquisition/workstation.h"
+#include "ui/binder.h"
+#include "ui/control_widgets.h"
+
+#include <QFormLayout>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QScrollArea>
+#include <QTabWidget>
+#include <QVBoxLayout>
+
+namespace ui {
+
+namespace {
+
+constexpr int kColumns = 3;
+
+bool isTabControl(const forms::Control& c) {
+    return c.name() == QLatin1String("SSTab1") || c.name() == QLatin1String("tab_setup");
+}
+
+// A frame with a tab control: the labels before the first array are the
+// headings of the arrays, in order; each array gives one row on every page,
+// its element for that page.
+void buildTabbedFrame(Workstation& ws, forms::FmSetup& setup, forms::Control& tabControl,
+                      const std::vector<forms::Control*>& controls, QGroupBox* box,
+                      QVBoxLayout* column) {
+    const int pages = static_cast<int>(tabControl.items().size());
+    std::vector<forms::Control*> headings, rest;
+    QStringList arrays;
+    QMap<QString, std::vector<forms::Control*>> elements;
+    for (forms::Control* c : controls) {
+        if (c == &tabControl) continue;
+        if (c->index() >= 0) {
+            if (!arrays.contains(c->name())) arrays << c->name();
+            elements[c->name()].push_back(c);
+        } else if (arrays.isEmpty() && kindOf(*c) == Kind::Label) {
+            headings.push_back(c);
+        } else {
+            rest.push_back(c);
+        }
+    }
+    auto* tabs = new QTabWidget(box);
+    for (int p = 0; p < pages; ++p) {
+        auto* page = new QWidget;
+        auto* form = new QFormLayout(page);
+        for (int a = 0; a < arrays.size(); ++a) {
+            const auto& els = elements[arrays[a]];
+            if (static_cast<int>(els.size()) != pages) continue;
+            auto* words = new QLabel(page);
+            if (a < static_cast<int>(headings.size())) {
+                bindCaption(words, *headings[a]);
+                // The heading stands on every page; the first is its own.
+                if (p == 0) words->setObjectName(objectNameOf(*headings[a]));
+            }
+            form->addRow(words, makeBound(ws, setup, *els[p], page));
+        }
+        tabs->addTab(page, tabControl.items()[p]);
+    }
+    bind(tabs, tabControl);
+    // Arrays that do not match the pages, and whatever follows, stand below.
+    for (const QString& a : arrays)
+        if (static_cast<int>(elements[a].size()) != pages)
+            rest.insert(rest.end(), elements[a].begin(), elements[a].end());
+    column->addWidget(tabs);
+    auto* grid = new QGridLayout;
+    column->addLayout(grid);
+    // The grid's widgets need the frame as parent before they are made.
+    box->setLayout(column);
+    layoutControls(ws, setup, rest, grid);
+}
+
+QGroupBox* buildFrame(Workstation& ws, forms::FmSetup& setup, const forms::FmSetup::Frame& f,
+                      QWidget* parent) {
+    auto* box = new QGroupBox(f.caption, parent);
+    std::vector<forms::Control*> controls;
+    forms::Control* tabControl = nullptr;
+    for (forms::Control* c : f.controls) {
+        // A frame control of its own carries the frame's changing title.
+        if (kindOf(*c) == Kind::Frame && c->caption() == f.caption) {
+            bind(box, *c);
+            continue;
+        }
+        if (isTabControl(*c) && !tabControl) tabControl = c;
+        controls.push_back(c);
+    }
+    if (tabControl) {
+        buildTabbedFrame(ws, setup, *tabControl, controls, box, new QVBoxLayout);
+        return box;
+    }
+    auto* grid = new QGridLayout(box);
+    grid->setVerticalSpacing(3);
+    layoutControls(ws, setup, controls, grid);
+    return box;
+}
+
+// One page: its frames in columns, each frame going to the column that is
+// shortest so far; the page scrolls when the screen is small.
+QWidget* buildPage(Workstation& ws, forms::FmSetup& setup, const QString& tab) {
+    auto* scroll = new QScrollArea;
+    scroll->setWidgetResizable(true);
+    scroll->setFrameShape(QFrame::NoFrame);
+    auto* content = new QWidget;
+    auto* row = new QHBoxLayout(content);
+    QVBoxLayout* columns[kColumns];
+    int heights[kColumns] = {};
+    for (auto& col : columns) {
+        col = new QVBoxLayout;
+        row->addLayout(col, 1);
+    }
+    for (const auto& f : setup.frames()) {
+        if (f.tab != tab) continue;
+        QGroupBox* box = buildFrame(ws, setup, f, content);
+        int shortest = 0;
+        for (int i = 1; i < kColumns; ++i)
+            if (heights[i] < heights[shortest]) shortest = i;
+        columns[shortest]->addWidget(box);
+        heights[shortest] += box->sizeHint().height();
+    }
+    for (auto* col : columns) col->addStretch(1);
+    scroll->setWidget(content);
+    return scroll;
+}
+
+} // namespace
+
+SetupView::SetupView(Workstation& ws, QWidget* owner) : PanelWindow(ws.fm_setup, owner) {
+    auto& setup = ws.fm_setup;
+    auto* page = new QVBoxLayout(this);
+    tabs_ = new QTabWidget(this);
+    page->addWidget(tabs_);
+
+    // The pages in the order of tab_setup, then any tab a frame names that
+    // tab_setup does not.
+    QStringList order = setup.tab_setup.items();
+    for (const auto& f : setup.frames())
+        if (!order.contains(f.tab)) order << f.tab;
+    for (const QString& tab : order) tabs_->addTab(buildPage(ws, setup, tab), tab);
+    bind(tabs_, setup.tab_setup);
+
+    // A control that stands in no frame still shows, on a page of its own.
+    std::vector<forms::Control*> loose;
+    for (forms::Control* c : setup.controls())
+        if (c != &setup.tab_setup && setup.frameOf(*c).isEmpty()) loose.push_back(c);
+    if (!loose.empty()) {
+        auto* extra = new QWidget;
+        auto* grid = new QGridLayout(extra);
+        layoutControls(ws, setup, loose, grid);
+        grid->setRowStretch(grid->rowCount(), 1);
+        tabs_->addTab(extra, tr("Other"));
+    }
+}
+
+} // namespace ui
