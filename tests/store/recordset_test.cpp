@@ -1,0 +1,415 @@
+// The recordset over real job files: keyset order, moves, Null, the error
+// numbers the messages depend on, and what another connection sees.
+#include "store_fixture.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <numeric>
+#include <random>
+
+using namespace store;
+using storetest::InsertPackets;
+using storetest::MakeJob;
+using storetest::RawDb;
+
+namespace {
+
+int ErrorOf(const std::function<void()>& f) {
+    try {
+        f();
+    } catch (const DbError& e) {
+        return e.number();
+    }
+    return 0;
+}
+
+struct Job {
+    testkit::ProgramFolder folder;
+    QString path = folder.file("job.db");
+    Job() { MakeJob(path); }
+    Database open() { return OpenDatabase(path); }
+    Recordset records(Database& db) { return db.OpenRecordset(RecordQuery(kRecordTable)); }
+};
+
+} // namespace
+
+TEST(Recordset, WalksInPacketOrderWhateverOrderTheRowsWereWritten) {
+    Job job;
+    // The first half written in order (rows side by side in the table), the
+    // second half shuffled (rows far apart), so both kinds of read-ahead run.
+    std::vector<int> packets(4000);
+    std::iota(packets.begin(), packets.end(), 1);
+    std::shuffle(packets.begin() + 2000, packets.end(), std::mt19937(7));
+    InsertPackets(job.path, packets);
+
+    Database db = job.open();
+    Recordset rs = job.records(db);
+    ASSERT_EQ(rs.RecordCount(), 4000);
+    int expected = 1;
+    for (rs.MoveFirst(); !rs.Eof(); rs.MoveNext()) {
+        ASSERT_EQ(rs.Fields("PACKET_NUM").toLong(), expected);
+        ASSERT_EQ(rs.AbsolutePosition(), expected - 1);
+        ASSERT_DOUBLE_EQ(rs.Fields("DEPTH").toDouble(), expected * 10.0);
+        ++expected;
+    }
+    EXPECT_EQ(expected, 4001);
+    EXPECT_EQ(rs.AbsolutePosition(), -1);
+
+    for (rs.MoveLast(); !rs.Bof(); rs.MovePrevious()) {
+        --expected;
+        ASSERT_EQ(rs.Fields(QStringLiteral("PACKET_NUM")).toLong(), expected);
+    }
+    EXPECT_EQ(expected, 1);
+
+    // Jumps back and forth, as two cursors on one recordset do.
+    std::mt19937 rng(3);
+    for (int i = 0; i < 500; ++i) {
+        const int p = static_cast<int>(rng() % 4000);
+        rs.SetAbsolutePosition(p);
+        ASSERT_EQ(rs.Fields("ID").toLong(), p + 1);
+        ASSERT_DOUBLE_EQ(rs.Fields("GAS_UNITS").toDouble(), (p + 1) / 2.0);
+    }
+}
+
+TEST(Recordset, EndsOfTheKeysetAndTheErrorsBeyondThem) {
+    Job job;
+    Database db = job.open();
+    Recordset empty = job.records(db);
+    EXPECT_TRUE(empty.Bof());
+    EXPECT_TRUE(empty.Eof());
+    EXPECT_EQ(empty.RecordCount(), 0);
+    EXPECT_EQ(empty.AbsolutePosition(), -1);
+    EXPECT_EQ(ErrorOf([&] { empty.MoveFirst(); }), err::NoCurrentRecord);
+    EXPECT_EQ(ErrorOf([&] { empty.MoveLast(); }), err::NoCurrentRecord);
+    EXPECT_EQ(ErrorOf([&] { empty.Fields("ID"); }), err::NoCurrentRecord);
+
+    InsertPackets(job.path, {5});
+    Recordset one = job.records(db);
+    EXPECT_FALSE(one.Bof());
+    EXPECT_EQ(one.Fields("PACKET_NUM").toLong(), 5);
+    one.MovePrevious();
+    EXPECT_TRUE(one.Bof());
+    EXPECT_FALSE(one.Eof());
+    EXPECT_EQ(ErrorOf([&] { one.Fields("ID"); }), err::NoCurrentRecord);
+    EXPECT_EQ(ErrorOf([&] { one.MovePrevious(); }), err::NoCurrentRecord);
+    one.MoveNext();
+    EXPECT_EQ(one.AbsolutePosition(), 0);
+    one.MoveNext();
+    EXPECT_TRUE(one.Eof());
+    EXPECT_EQ(ErrorOf([&] { one.MoveNext(); }), err::NoCurrentRecord);
+    EXPECT_EQ(ErrorOf([&] { one.SetAbsolutePosition(1); }), err::InvalidArgument);
+    EXPECT_EQ(ErrorOf([&] { one.SetAbsolutePosition(-1); }), err::InvalidArgument);
+    one.SetAbsolutePosition(0);
+    EXPECT_EQ(one.Fields("ID").toLong(), 5);
+}
+
+TEST(Recordset, NullIsAStateOfItsOwn) {
+    Job job;
+    InsertPackets(job.path, {1, 2});
+    Database db = job.open();
+    Recordset rs = job.records(db);
+
+    const Variant lag = rs.Fields("LAG_GU");
+    EXPECT_TRUE(lag.isNull());
+    EXPECT_EQ(ErrorOf([&] { lag.toDouble(); }), err::InvalidUseOfNull);
+    EXPECT_EQ(lag.valueOr(7), 7);
+    EXPECT_EQ(rs.Fields("TEXT1").toText(), "");
+    EXPECT_EQ(rs.Fields("DEPTH").valueOr(7), 10);
+
+    // A value goes in and comes back, and Null goes back in just as well.
+    rs.Edit();
+    rs.SetField("LAG_GU", 1234.5);
+    rs.Update();
+    EXPECT_DOUBLE_EQ(rs.Fields("LAG_GU").toDouble(), 1234.5);
+    rs.Edit();
+    rs.SetField("DEPTH", Variant::Null());
+    rs.Update();
+    EXPECT_TRUE(rs.Fields("DEPTH").isNull());
+    RawDb raw(job.path);
+    EXPECT_EQ(raw.value("SELECT DEPTH FROM OMBRI_DB_010 WHERE PACKET_NUM = 1"), "NULL");
+    EXPECT_EQ(raw.value("SELECT LAG_GU FROM OMBRI_DB_010 WHERE PACKET_NUM = 1"), "1234.5");
+}
+
+TEST(Recordset, ADuplicatePacketNumberIsError3022AndWritesNothing) {
+    Job job;
+    InsertPackets(job.path, {1, 2, 3});
+    Database db = job.open();
+    Recordset rs = db.OpenRecordset(RecordQuery(kRecordTable), RecordsetType::AppendOnly);
+    EXPECT_EQ(rs.RecordCount(), 0);
+    rs.AddNew();
+    rs.SetField("PACKET_NUM", "2");
+    rs.SetField("GAS_UNITS", 99.0);
+    EXPECT_EQ(ErrorOf([&] { rs.Update(); }), err::DuplicateKey);
+    RawDb raw(job.path);
+    EXPECT_EQ(raw.number("SELECT count(*) FROM OMBRI_DB_010"), 3);
+    EXPECT_EQ(raw.number("SELECT count(*) FROM OMBRI_DB_010 WHERE GAS_UNITS = 99"), 0);
+}
+
+TEST(Recordset, RowsAddedAfterTheOpenStayOutOfTheKeysetUntilRequery) {
+    Job job;
+    InsertPackets(job.path, {10, 20, 30});
+    Database db = job.open();
+    Recordset rs = job.records(db);
+
+    // One added through the recordset itself, one by another program, one
+    // of them sorting between the rows already there.
+    rs.MoveLast();
+    rs.AddNew();
+    rs.SetField("PACKET_NUM", 40);
+    rs.Update();
+    EXPECT_EQ(rs.Fields("PACKET_NUM").toLong(), 30); // the position stays
+    RawDb raw(job.path);
+    ASSERT_EQ(raw.exec("INSERT INTO OMBRI_DB_010 (PACKET_NUM) VALUES (15)"), SQLITE_OK);
+
+    EXPECT_EQ(rs.RecordCount(), 3);
+    QList<long> seen;
+    for (rs.MoveFirst(); !rs.Eof(); rs.MoveNext()) seen << rs.Fields("PACKET_NUM").toLong();
+    EXPECT_EQ(seen, (QList<long>{10, 20, 30}));
+
+    rs.Requery();
+    seen.clear();
+    for (; !rs.Eof(); rs.MoveNext()) seen << rs.Fields("PACKET_NUM").toLong();
+    EXPECT_EQ(seen, (QList<long>{10, 15, 20, 30, 40}));
+}
+
+TEST(Recordset, ChangesByAnotherConnectionToRowsOfTheKeysetAreSeen) {
+    Job job;
+    std::vector<int> packets(300);
+    std::iota(packets.begin(), packets.end(), 1);
+    InsertPackets(job.path, packets);
+    Database db = job.open();
+    Recordset rs = job.records(db);
+    rs.SetAbsolutePosition(100);
+    EXPECT_DOUBLE_EQ(rs.Fields("GAS_UNITS").toDouble(), 50.5);
+
+    RawDb raw(job.path);
+    ASSERT_EQ(raw.exec("UPDATE OMBRI_DB_010 SET GAS_UNITS = 777 WHERE PACKET_NUM = 101"),
+              SQLITE_OK);
+    ASSERT_EQ(raw.exec("DELETE FROM OMBRI_DB_010 WHERE PACKET_NUM = 102"), SQLITE_OK);
+    rs.MoveFirst();
+    rs.SetAbsolutePosition(100);
+    EXPECT_DOUBLE_EQ(rs.Fields("GAS_UNITS").toDouble(), 777);
+    rs.MoveNext();
+    EXPECT_EQ(ErrorOf([&] { rs.Fields("GAS_UNITS"); }), err::RecordDeleted);
+    rs.MoveNext();
+    EXPECT_EQ(rs.Fields("PACKET_NUM").toLong(), 103);
+
+    // A change made through another recordset on the same connection is seen
+    // at once, read-ahead or not.
+    Recordset other = job.records(db);
+    other.SetAbsolutePosition(102); // its keyset lacks the deleted row
+    ASSERT_EQ(other.Fields("PACKET_NUM").toLong(), 104);
+    other.Edit();
+    other.SetField("GAS_UNITS", 5.25);
+    other.Update();
+    rs.MoveNext();
+    EXPECT_DOUBLE_EQ(rs.Fields("GAS_UNITS").toDouble(), 5.25);
+}
+
+TEST(Recordset, EditsOnALongPassLandInTheFileAndInWhatThePassReadsBack) {
+    Job job;
+    std::vector<int> packets(3000);
+    std::iota(packets.begin(), packets.end(), 1);
+    std::shuffle(packets.begin(), packets.end(), std::mt19937(11));
+    InsertPackets(job.path, packets);
+    Database db = job.open();
+    Recordset rs = job.records(db);
+    {
+        Transaction t(db);
+        int id = 5000;
+        for (rs.MoveFirst(); !rs.Eof(); rs.MoveNext()) {
+            rs.Edit();
+            rs.SetField("ID", id++);
+            rs.SetField("ERR_TXT", "0 *");
+            rs.Update();
+        }
+        t.Commit();
+    }
+    int id = 5000;
+    for (rs.MoveFirst(); !rs.Eof(); rs.MoveNext()) {
+        ASSERT_EQ(rs.Fields("ID").toLong(), id++);
+        ASSERT_EQ(rs.Fields("ERR_TXT").toText(), "0 *");
+    }
+    RawDb raw(job.path);
+    EXPECT_EQ(raw.number("SELECT count(*) FROM OMBRI_DB_010 WHERE ID = PACKET_NUM + 4999"), 3000);
+}
+
+TEST(Recordset, DeleteLeavesTheWalkGoingToTheNextRow) {
+    Job job;
+    InsertPackets(job.path, {1, 2, 3, 4, 5, 6});
+    Database db = job.open();
+    Recordset rs = db.OpenRecordset(" SELECT * FROM OMBRI_DB_010 WHERE ID BETWEEN 2 AND 6 "
+                                    "ORDER BY PACKET_NUM");
+    EXPECT_EQ(rs.RecordCount(), 5);
+    QList<long> kept;
+    for (rs.MoveFirst(); !rs.Eof(); rs.MoveNext()) {
+        const long p = rs.Fields("PACKET_NUM").toLong();
+        if (p == 3 || p == 4 || p == 6) {
+            rs.Delete();
+            EXPECT_EQ(ErrorOf([&] { rs.Fields("ID"); }), err::RecordDeleted);
+        } else {
+            kept << p;
+        }
+    }
+    EXPECT_EQ(kept, (QList<long>{2, 5}));
+    EXPECT_EQ(rs.RecordCount(), 2);
+    RawDb raw(job.path);
+    EXPECT_EQ(raw.value("SELECT group_concat(PACKET_NUM) FROM OMBRI_DB_010"), "1,2,5");
+}
+
+TEST(Recordset, TransactionsNestAndAGuardRollsBackWhatItDidNotCommit) {
+    Job job;
+    Database db = job.open();
+    Recordset rs = db.OpenRecordset(RecordQuery(kRecordTable), RecordsetType::AppendOnly);
+    auto add = [&](int p) {
+        rs.AddNew();
+        rs.SetField("PACKET_NUM", p);
+        rs.Update();
+    };
+    db.BeginTrans();
+    add(1);
+    db.BeginTrans();
+    add(2);
+    EXPECT_EQ(db.TransactionLevel(), 2);
+    db.Rollback();
+    add(3);
+    db.CommitTrans();
+    {
+        Transaction t(db);
+        add(4);
+    }
+    {
+        Transaction t(db);
+        add(5);
+        t.Commit();
+    }
+    EXPECT_EQ(ErrorOf([&] { db.CommitTrans(); }), err::NoTransaction);
+    RawDb raw(job.path);
+    EXPECT_EQ(raw.value("SELECT group_concat(PACKET_NUM) FROM OMBRI_DB_010"), "1,3,5");
+
+    // A workspace's transaction spans its databases.
+    Workspace ws = Workspace::Create("test");
+    Database a = ws.OpenDatabase(job.path);
+    Recordset ra = a.OpenRecordset(RecordQuery(kRecordTable), RecordsetType::AppendOnly);
+    ws.BeginTrans();
+    ra.AddNew();
+    ra.SetField("PACKET_NUM", 6);
+    ra.Update();
+    ws.Rollback();
+    EXPECT_EQ(raw.number("SELECT count(*) FROM OMBRI_DB_010"), 3);
+    ws.Close();
+    EXPECT_FALSE(a.isOpen());
+    EXPECT_EQ(ErrorOf([&] { ra.AddNew(); }), err::ObjectClosed);
+}
+
+TEST(Recordset, ValuesAreConvertedToTheColumnWhenTheyAreSet) {
+    Job job;
+    Database db = job.open();
+    Recordset rs = db.OpenRecordset(RecordQuery(kRecordTable), RecordsetType::AppendOnly);
+    rs.AddNew();
+    EXPECT_EQ(ErrorOf([&] { rs.SetField("PACKET_NUM", " "); }), err::ConversionError);
+    EXPECT_EQ(ErrorOf([&] { rs.SetField("PACKET_NUM", "12abc"); }), err::ConversionError);
+    EXPECT_EQ(ErrorOf([&] { rs.SetField("NO_SUCH", 1); }), err::ItemNotFound);
+    rs.SetField("PACKET_NUM", " 12 ");
+    rs.SetField("ID", 2.5); // a long takes the even neighbour of a tie
+    rs.SetField("DEPTH", "1234.5");
+    rs.SetField("SERIAL_NUM", 42);
+    rs.SetField("DT", QDateTime(QDate(2026, 11, 1), QTime(6, 0, 6)));
+    EXPECT_EQ(ErrorOf([&] { rs.SetField("DT", "not a date"); }), err::ConversionError);
+    rs.Update();
+    EXPECT_EQ(ErrorOf([&] { rs.SetField("ID", 1); }), err::UpdateWithoutEdit);
+
+    RawDb raw(job.path);
+    EXPECT_EQ(raw.value("SELECT typeof(PACKET_NUM) || ' ' || PACKET_NUM FROM OMBRI_DB_010"),
+              "integer 12");
+    EXPECT_EQ(raw.value("SELECT ID FROM OMBRI_DB_010"), "2");
+    EXPECT_EQ(raw.value("SELECT typeof(DEPTH) FROM OMBRI_DB_010"), "real");
+    EXPECT_EQ(raw.value("SELECT SERIAL_NUM FROM OMBRI_DB_010"), "42");
+    EXPECT_EQ(raw.value("SELECT DT FROM OMBRI_DB_010"), "2026-11-01 06:00:06");
+
+    Recordset back = db.OpenRecordset(RecordQuery(kRecordTable));
+    EXPECT_EQ(back.Fields("DT").kind(), Variant::Kind::Date);
+    EXPECT_EQ(back.Fields("DT").toDate(), QDateTime(QDate(2026, 11, 1), QTime(6, 0, 6)));
+}
+
+TEST(Recordset, TablesAndColumnsAreMadeOnceAndTheSecondTimeIsANamedError) {
+    Job job;
+    Database db = job.open();
+    EXPECT_EQ(db.TableDefs(), (QStringList{"LagPara", "OMBRI_DB_010"}));
+    const QStringList cols = db.FieldNames(kRecordTable);
+    ASSERT_EQ(cols.size(), static_cast<int>(kRecordColumns.size()));
+    for (size_t i = 0; i < kRecordColumns.size(); ++i)
+        EXPECT_EQ(cols[static_cast<int>(i)], kRecordColumns[i].name);
+
+    TableDef lag{kLagTable, {{"ZoneNumber", DataType::Double}}};
+    EXPECT_EQ(ErrorOf([&] { db.Append(lag); }), err::TableExists);
+    EXPECT_EQ(ErrorOf([&] {
+                  db.AppendField(kRecordTable, {"IC5", DataType::Double});
+              }),
+              err::FieldExists);
+    db.AppendField(kRecordTable, {"EXTRA_1", DataType::Double});
+    EXPECT_TRUE(db.FieldNames(kRecordTable).contains("EXTRA_1"));
+
+    // The new job's lag zones: zone 1 in use, lag by time per depth.
+    Recordset zones = db.OpenRecordset(kLagQuery);
+    ASSERT_EQ(zones.RecordCount(), 6);
+    EXPECT_EQ(zones.Fields("EndDepth").toDouble(), 30000);
+    EXPECT_EQ(zones.Fields("MinPer100Ft").toDouble(), 0.6);
+    zones.MoveLast();
+    EXPECT_EQ(zones.Fields("ZoneNumber").toDouble(), 6);
+    EXPECT_EQ(zones.Fields("StartDepth").toDouble(), 0);
+    EXPECT_EQ(zones.Fields("Selection").toDouble(), 1);
+}
+
+TEST(Recordset, OpenErrorsComeBackWithTheirNumbers) {
+    testkit::ProgramFolder folder;
+    Database db;
+    auto missing = TryOpenDatabase(folder.file("nothing.db"), db);
+    ASSERT_TRUE(missing);
+    EXPECT_EQ(missing->number(), err::FileNotFound);
+    EXPECT_FALSE(db.isOpen());
+    EXPECT_FALSE(QFile::exists(folder.file("nothing.db")));
+
+    QFile text(folder.file("notes.db"));
+    ASSERT_TRUE(text.open(QIODevice::WriteOnly));
+    text.write(QByteArray(4096, 'x'));
+    text.close();
+    auto notDb = TryOpenDatabase(folder.file("notes.db"), db);
+    ASSERT_TRUE(notDb);
+    EXPECT_EQ(notDb->number(), err::NotADatabase);
+    EXPECT_TRUE(notDb->description().contains("notes.db"));
+
+    EXPECT_EQ(ErrorOf([&] { db.OpenRecordset(RecordQuery(kRecordTable)); }), err::ObjectClosed);
+
+    const QString path = folder.file("job.db");
+    MakeJob(path);
+    ASSERT_FALSE(TryOpenDatabase(path, db));
+    EXPECT_EQ(ErrorOf([&] { db.OpenRecordset(RecordQuery("OMBRI_DB_005")); }), err::TableNotFound);
+    EXPECT_EQ(ErrorOf([&] { db.OpenRecordset(" SELECT * FROM LagPara ORDER BY NOPE"); }),
+              err::ItemNotFound);
+}
+
+TEST(Recordset, CopiesAndCompactsHoldEveryCommittedRow) {
+    Job job;
+    std::vector<int> packets(500);
+    std::iota(packets.begin(), packets.end(), 1);
+    // The writer stays open, so the commits may still sit in the log file.
+    Database db = job.open();
+    Recordset rs = db.OpenRecordset(RecordQuery(kRecordTable), RecordsetType::AppendOnly);
+    for (int p : packets) {
+        rs.AddNew();
+        rs.SetField("PACKET_NUM", p);
+        rs.Update();
+    }
+    const QString copy = job.folder.file("copy.db");
+    const QString compact = job.folder.file("compact.db");
+    CopyDatabase(job.path, copy);
+    CompactDatabase(job.path, compact);
+    EXPECT_EQ(ErrorOf([&] { CompactDatabase(job.path, compact); }), err::Engine);
+    for (const QString& f : {copy, compact}) {
+        RawDb raw(f);
+        EXPECT_EQ(raw.number("SELECT count(*) FROM OMBRI_DB_010"), 500);
+        EXPECT_EQ(raw.value("PRAGMA integrity_check"), "ok");
+    }
+}
