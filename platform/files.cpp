@@ -25,7 +25,9 @@ bool FolderExists(const QString& path) {
 
 bool ReplaceFile(const QString& path, const QByteArray& contents) {
     QSaveFile f(path);
-    if (!f.open(QIODevice::WriteOnly)) return false;
+    // Unbuffered, so a full disk shows in write(): a buffered write only
+    // fails at commit, which then renames the short file over the old one.
+    if (!f.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) return false;
     if (f.write(contents) != contents.size()) {
         f.cancelWriting();
         return false;

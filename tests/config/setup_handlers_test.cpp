@@ -1,0 +1,324 @@
+// The setup panel's handlers: scale entry with its fallbacks and uneven
+// limits, the gain boxes, the line lag box, units words, separators, the
+// WITS column, colour picks, and the start-up guard over all of them.
+#include "acquisition/timers.h"
+#include "config/setup_handlers.h"
+#include "config_fixture.h"
+#include "text/numbers.h"
+
+#include <algorithm>
+
+using cfgtest::Station;
+
+namespace {
+
+struct Panel : Station {
+    Panel() { ws.rt.Gstarting_up = false; }
+    forms::FmSetup& p = ws.fm_setup;
+    config::Settings& s = ws.settings;
+};
+
+} // namespace
+
+TEST(SetupScales, TextWithoutToPutsTheFallbackBackWithTheBox) {
+    Panel t;
+    t.ws.rt.Grefresh_seconds = 200;
+    t.ws.rt.Grefresh_count = 3;
+    const struct {
+        forms::Control& box;
+        void (*commit)(Workstation&);
+        const char* fallback;
+    } rows[] = {
+        {t.p.txt_gas_units, &config::txt_gas_units_Change, "0 to 300"},
+        {t.p.txt_rop_scale, &config::txt_rop_scale_Commit, "0 to 10"},
+        {t.p.txt_lag_gamma_scale, &config::txt_lag_gamma_scale_Commit, "0 to 500"},
+        {t.p.txt_oil_ind_scale, &config::txt_oil_ind_scale_Commit, "0 to 500"},
+        {t.p.txt_wits_scale, &config::txt_wits_scale_Commit, "0 to 500"},
+    };
+    const config::Settings before = t.s;
+    for (const auto& r : rows) {
+        r.box.setText("100-500");
+        t.dialogs.boxes.clear();
+        r.commit(t.ws);
+        EXPECT_EQ(r.box.text(), r.fallback) << r.box.name().toStdString();
+        ASSERT_EQ(t.dialogs.boxes.size(), 1u);
+        EXPECT_EQ(t.dialogs.boxes[0].title, "SCALE SET ERROR");
+        EXPECT_EQ(t.dialogs.boxes[0].text,
+                  "You must use the word \"to\" to seperate the two numbers");
+        EXPECT_EQ(t.ws.rt.Grefresh_count, 200);
+    }
+    // Nothing took the text that was refused.
+    EXPECT_EQ(t.s.GasScale.ScaleMax, before.GasScale.ScaleMax);
+    EXPECT_EQ(t.s.RopScale.ScaleMax, before.RopScale.ScaleMax);
+    EXPECT_EQ(t.s.WitsScale.ScaleMax, before.WitsScale.ScaleMax);
+}
+
+TEST(SetupScales, EachBoxHasItsOwnLimits) {
+    Panel t;
+    t.p.txt_gas_units.setText("-3 to 20000");
+    config::txt_gas_units_Change(t.ws);
+    EXPECT_EQ(t.s.GasScale.ScaleMin, 0);
+    EXPECT_EQ(t.s.GasScale.ScaleMax, 10000);
+    EXPECT_EQ(t.s.CValueScale.ScaleMin, 0);
+    EXPECT_EQ(t.s.CValueScale.ScaleMax, 10000);
+    t.p.txt_gas_units.setText("10 to 0.2");
+    config::txt_gas_units_Change(t.ws);
+    EXPECT_EQ(t.s.GasScale.ScaleMin, 10);
+    EXPECT_EQ(t.s.GasScale.ScaleMax, 1);
+
+    t.p.txt_rop_scale.setText("0 to 20000");
+    config::txt_rop_scale_Commit(t.ws);
+    EXPECT_EQ(t.s.RopScale.ScaleMin, 0.1);
+    EXPECT_EQ(t.s.RopScale.ScaleMax, 600);
+    t.p.txt_rop_scale.setText("2 to 10000");
+    config::txt_rop_scale_Commit(t.ws);
+    EXPECT_EQ(t.s.RopScale.ScaleMin, 2);
+    EXPECT_EQ(t.s.RopScale.ScaleMax, 10000);
+
+    t.p.txt_lag_gamma_scale.setText("0 to 20000");
+    config::txt_lag_gamma_scale_Commit(t.ws);
+    EXPECT_EQ(t.s.GammaScale.ScaleMin, 0.1);
+    EXPECT_EQ(t.s.GammaScale.ScaleMax, 10000);
+
+    t.p.txt_oil_ind_scale.setText("-5 to 20000");
+    config::txt_oil_ind_scale_Commit(t.ws);
+    EXPECT_EQ(t.s.OilIndScale.ScaleMin, -5);
+    EXPECT_EQ(t.s.OilIndScale.ScaleMax, 20000);
+
+    t.p.txt_wits_scale.setText("-3.6 to 2.5");
+    config::txt_wits_scale_Commit(t.ws);
+    EXPECT_EQ(t.s.WitsScale.ScaleMin, 0);
+    EXPECT_EQ(t.s.WitsScale.ScaleMax, 2); // whole numbers, a tie to the even one
+    t.p.txt_wits_scale.setText("7.5 to 1000.7");
+    config::txt_wits_scale_Commit(t.ws);
+    EXPECT_EQ(t.s.WitsScale.ScaleMin, 8);
+    EXPECT_EQ(t.s.WitsScale.ScaleMax, 1001);
+    // No box redraws the chart by itself, and none rewrites its text.
+    EXPECT_EQ(t.p.txt_wits_scale.text(), "7.5 to 1000.7");
+}
+
+TEST(SetupScales, TheGasUnitsHandlerAtTheEndOfStartUpLetsTheChartDraw) {
+    Panel t;
+    t.ws.rt.Gchart_busy = true;
+    config::txt_gas_units_Change(t.ws);
+    EXPECT_FALSE(t.ws.rt.Gchart_busy);
+    EXPECT_EQ(t.s.GasScale.ScaleMax, 300);
+    // While a draw runs its flags are left alone.
+    t.ws.rt.Gchart_busy = true;
+    t.ws.rt.Gchart_drawing = true;
+    config::txt_gas_units_Change(t.ws);
+    EXPECT_TRUE(t.ws.rt.Gchart_busy);
+}
+
+TEST(SetupScales, RopInchesPer100FeetOutsideItsRangeBecomesOne) {
+    Panel t;
+    t.ws.rt.Grefresh_seconds = 90;
+    for (const char* bad : {"0.4", "10.5", "abc", "-2"}) {
+        t.p.txt_ROP_in_per_100ft.setText(bad);
+        config::txt_ROP_in_per_100ft_Commit(t.ws);
+        EXPECT_EQ(t.p.txt_ROP_in_per_100ft.text(), "1.0") << bad;
+        EXPECT_DOUBLE_EQ(t.s.RopTwipsPerFoot, 14.4);
+    }
+    for (const char* good : {"0.5", "10", "2.5"}) {
+        t.p.txt_ROP_in_per_100ft.setText(good);
+        config::txt_ROP_in_per_100ft_Commit(t.ws);
+        EXPECT_EQ(t.p.txt_ROP_in_per_100ft.text(), good);
+        EXPECT_DOUBLE_EQ(t.s.RopTwipsPerFoot, 14.4 * text::Val(QString(good)));
+        EXPECT_DOUBLE_EQ(t.s.RopInchesPer100Ft, text::Val(QString(good)));
+    }
+    EXPECT_EQ(t.ws.rt.Grefresh_count, 90);
+}
+
+TEST(SetupGains, ChromatographGainIsHeldBetween100And200000) {
+    Panel t;
+    const struct {
+        const char* typed;
+        double gain;
+        const char* shown;
+    } cases[] = {{"300000", 200000, "200000"}, {"0", 100, "100"},      {"-7", 100, "100"},
+                 {"abc", 100, "100"},          {"7000", 7000, "7000"}, {"0.5", 0.5, "0.5"}};
+    for (const auto& c : cases) {
+        t.p.txt_cg_gain.setText(c.typed);
+        config::txt_cg_gain_Commit(t.ws);
+        EXPECT_EQ(t.s.CgVisibleGain, c.gain) << c.typed;
+        EXPECT_EQ(t.p.txt_cg_gain.text(), c.shown) << c.typed;
+    }
+    // The gases' gains take what is typed, without a limit.
+    t.p.txt_ic4_gain.setText("-250.5");
+    config::txt_gas_gain_Commit(t.ws, 3);
+    EXPECT_EQ(t.s.IC4Gain, -250.5);
+    EXPECT_EQ(t.s.C1Gain, 1);
+    // The C values gain goes back to "1.00" at 0.0001 or less.
+    t.p.txt_cval_gain.setText("0.0001");
+    config::txt_cval_gain_Commit(t.ws);
+    EXPECT_EQ(t.p.txt_cval_gain.text(), "1.00");
+    t.p.txt_cval_gain.setText("0.00011");
+    config::txt_cval_gain_Commit(t.ws);
+    EXPECT_EQ(t.p.txt_cval_gain.text(), "0.00011");
+}
+
+TEST(SetupLineLag, TheBoxShowsOneWhileTheVariableKeepsWhatWasTyped) {
+    Panel t;
+    t.p.txt_surface_lag.setText("0.5");
+    config::txt_surface_lag_Change(t.ws);
+    EXPECT_EQ(t.ws.rt.Gline_lag_seconds, 0.5);
+    EXPECT_EQ(t.p.txt_surface_lag.text(), "1");
+    config::txt_surface_lag_Change(t.ws); // the next key
+    EXPECT_EQ(t.ws.rt.Gline_lag_seconds, 1);
+    t.p.txt_surface_lag.setText("95");
+    config::txt_surface_lag_Change(t.ws);
+    EXPECT_EQ(t.ws.rt.Gline_lag_seconds, 95);
+}
+
+TEST(SetupWords, MetricSwitchesTheViewerWordsAndNoNumber) {
+    Panel t;
+    t.ws.more_data.lbl_DrillDepth.setCaption("1234.5");
+    t.p.ck_metric.setValue(1);
+    config::ck_metric_Click(t.ws);
+    EXPECT_EQ(t.ws.more_data.frameOf("lbl_DrillDepth").caption(), "Drill Depth In Meters");
+    EXPECT_EQ(t.ws.more_data.frameOf("lbl_DrilRateFH").caption(), "ROP Met/Hr");
+    EXPECT_EQ(t.ws.more_data.frameOf("lbl_DrilRateMF").caption(), "ROP Minutes Per Meter");
+    EXPECT_EQ(t.p.ck_drill_off.caption(),
+              "Drill Off / Drilling Break\r\nNumber Of Meters With Less Than ROP Value");
+    EXPECT_EQ(t.p.ck_drill_off.toolTip(),
+              "Number Of Meters With Less Than ROP Value\r\nDrill Off / Drilling Break");
+    EXPECT_EQ(t.ws.more_data.lbl_DrillDepth.caption(), "1234.5");
+    t.p.ck_metric.setValue(0);
+    config::ck_metric_Click(t.ws);
+    EXPECT_EQ(t.ws.more_data.frameOf("lbl_DrillDepth").caption(), "Drill Depth In Feet");
+    EXPECT_EQ(t.ws.more_data.frameOf("lbl_DrilRateFH").caption(), "ROP Ft/Hr");
+    EXPECT_EQ(t.ws.more_data.frameOf("lbl_DrilRateMF").caption(), "ROP Minutes Per Foot");
+    EXPECT_TRUE(t.p.ck_drill_off.caption().endsWith("Number Of Feet With Less Than ROP Value"));
+}
+
+TEST(SetupChoices, SeparatorAndWitsColumnFollowTheirOptions) {
+    Panel t;
+    const char* const want[] = {"\t", ",", " "};
+    for (int i = 0; i < 3; ++i) {
+        config::op_delim_Click(t.ws, i);
+        EXPECT_EQ(t.ws.rt.Gdata_separator, want[i]);
+        EXPECT_EQ(t.p.op_delim.value(), i);
+    }
+    t.p.txt_delim.setText("");
+    config::op_delim_Click(t.ws, 3);
+    EXPECT_EQ(t.ws.rt.Gdata_separator, "");
+    t.p.txt_delim.setText(";");
+    config::op_delim_Click(t.ws, 0);
+    config::txt_delim_Change(t.ws);
+    EXPECT_EQ(t.p.op_delim.value(), 3);
+    EXPECT_EQ(t.ws.rt.Gdata_separator, ";");
+
+    for (int i = 0; i < 5; ++i) {
+        config::op_wits_item_Click(t.ws, i);
+        EXPECT_EQ(t.ws.rt.Gwits_column, i);
+        EXPECT_EQ(t.p.op_wits_item.value(), i);
+    }
+    EXPECT_EQ(t.p.op_wits_item.items().at(4), "Gamma (uses gamma scale)");
+}
+
+TEST(SetupColours, APickSetsTheCurveTheLabelAndTheBoxCancelLeavesThem) {
+    Panel t;
+    t.dialogs.colors.push_back(0x00AABB);
+    config::lbl_color_Click(t.ws, 2);
+    ASSERT_EQ(t.dialogs.boxes.size(), 1u);
+    EXPECT_EQ(t.dialogs.boxes[0].title, "SELECT New Color");
+    EXPECT_EQ(t.s.ColorC3, 0x00AABB);
+    EXPECT_EQ(t.p.lbl_c3_color.backColor(), 0x00AABB);
+    EXPECT_EQ(t.p.ck_c3.foreColor(), 0x00AABB);
+    EXPECT_EQ(t.s.ColorC1, 33023);
+
+    t.dialogs.colors.push_back(std::nullopt);
+    config::lbl_color_Click(t.ws, 2);
+    EXPECT_EQ(t.s.ColorC3, 0x00AABB);
+}
+
+TEST(SetupGuard, WhileStartingUpTheChangeHandlersDoNothing) {
+    Station st;
+    ASSERT_TRUE(st.ws.rt.Gstarting_up);
+    auto& p = st.ws.fm_setup;
+    const config::Settings before = st.ws.settings;
+    p.txt_gas_units.setText("bad");
+    p.txt_rop_scale.setText("0 to 20000");
+    p.txt_cg_gain.setText("0");
+    p.txt_surface_lag.setText("0.5");
+    p.txt_ROP_in_per_100ft.setText("50");
+    p.txt_delim.setText("|");
+    p.ck_metric.setValue(1);
+    st.ws.rt.Gchart_busy = true;
+    config::txt_gas_units_Change(st.ws);
+    config::txt_rop_scale_Commit(st.ws);
+    config::txt_cg_gain_Commit(st.ws);
+    config::txt_surface_lag_Change(st.ws);
+    config::txt_ROP_in_per_100ft_Commit(st.ws);
+    config::txt_delim_Change(st.ws);
+    config::op_delim_Click(st.ws, 1);
+    config::op_wits_item_Click(st.ws, 0);
+    config::ck_metric_Click(st.ws);
+    EXPECT_TRUE(st.dialogs.boxes.empty());
+    EXPECT_EQ(p.txt_gas_units.text(), "bad");
+    EXPECT_EQ(p.txt_surface_lag.text(), "0.5");
+    EXPECT_EQ(p.txt_ROP_in_per_100ft.text(), "50");
+    EXPECT_EQ(st.ws.rt.Gline_lag_seconds, 120);
+    EXPECT_EQ(st.ws.rt.Gdata_separator, "\t");
+    EXPECT_EQ(st.ws.rt.Gwits_column, 4);
+    EXPECT_TRUE(st.ws.rt.Gchart_busy);
+    EXPECT_EQ(st.ws.settings.RopScale.ScaleMax, before.RopScale.ScaleMax);
+    EXPECT_EQ(st.ws.settings.CgVisibleGain, before.CgVisibleGain);
+    EXPECT_EQ(st.ws.more_data.frameOf("lbl_DrillDepth").caption(), "Drill Depth In Feet");
+}
+
+TEST(SetupLoad, LoadFillsTheReportHoursAlarmTimeZoneNoteAndColours) {
+    Panel t;
+    t.s.ColorIC4 = 0x0000FE;
+    config::fm_setup_Load(t.ws);
+    EXPECT_EQ(t.p.cmb_Report_Time.items().size(), 24);
+    EXPECT_EQ(t.p.cmb_Report_Time.items().first(), "00:00");
+    EXPECT_EQ(t.p.cmb_Report_Time.items().last(), "23:00");
+    EXPECT_EQ(t.p.cmb_Report_Time.text(), "05:00");
+    EXPECT_EQ(t.p.txt_al_time.text(), "14:07:09");
+    EXPECT_EQ(t.p.txt_al_date.text(), "05-Mar-2024");
+    EXPECT_EQ(t.p.fr_sample.caption(), "Sample Gas Sensor Health: Good");
+    EXPECT_TRUE(t.p.txt_Zone1_text.text().startsWith("Zone 1 is the default lag settings."));
+    EXPECT_TRUE(t.p.txt_Zone1_text.text().endsWith(
+        "Zones that are invalid or in error are highlighted in red."));
+    EXPECT_EQ(t.p.lbl_ic4_color.backColor(), 0x0000FE);
+    EXPECT_EQ(t.p.ck_ic4.foreColor(), 0x0000FE);
+    EXPECT_EQ(t.p.lbl_c1_color.backColor(), 33023);
+    EXPECT_TRUE(t.p.ck_drill_off.caption().startsWith("Drill Off / Drilling Break\r\n"));
+
+    // Closing only hides the panel; its timers go on.
+    t.ws.StartTimers();
+    t.p.form.setVisible(true);
+    EXPECT_TRUE(config::fm_setup_QueryUnload(t.ws));
+    EXPECT_FALSE(t.p.form.visible());
+    for (const char* name : {"tmr_alarm_mon", "tmr_calc_stats", "tmr_lag_calc"})
+        EXPECT_TRUE(t.ws.timer(name)->isActive()) << name;
+    t.ws.StopTimers();
+}
+
+TEST(SetupPanel, EveryControlStandsInOneFrameAndTheZoneRowsAreElementsOneToSix) {
+    Station st;
+    const auto& p = st.ws.fm_setup;
+    for (const forms::Control* c : p.controls()) {
+        if (c == &p.tab_setup) continue;
+        int frames = 0;
+        for (const auto& f : p.frames())
+            frames += static_cast<int>(std::count(f.controls.begin(), f.controls.end(), c));
+        EXPECT_EQ(frames, 1) << c->name().toStdString();
+    }
+    EXPECT_EQ(p.frameOf(p.txt_cg_gain), "Chromatograph Charting Modifiers");
+    EXPECT_EQ(p.frameOf(p.op_delim), "Data Seperation Type");
+    EXPECT_EQ(p.frameOf(p.txt_custom_wits_number[3]), "Monitor Custom WITS Items");
+    for (int i = 1; i <= 6; ++i) {
+        EXPECT_EQ(p.find("txt_str_per_100ft", i)->text(), "110");
+        EXPECT_EQ(p.find("txt_lag_min", i)->text(), "1.8");
+        EXPECT_EQ(p.find("txt_Lag_Start_Depth", i)->text(), "");
+    }
+    EXPECT_EQ(p.find("txt_Lag_End_Depth", 1)->text(), "30000");
+    EXPECT_EQ(p.find("txt_Lag_End_Depth", 2)->text(), "");
+    EXPECT_EQ(p.find("txt_lag_min", 0), nullptr);
+    EXPECT_EQ(p.find("txt_lag_min", 7), nullptr);
+    EXPECT_EQ(p.find("cmd_KW_command", 9)->caption(), "Get Data From Kettlewick");
+    EXPECT_EQ(p.find("txt_surface_lag")->toolTip(),
+              "This is the time it takes for the gas to go from the trap to the equipment");
+}
