@@ -130,14 +130,14 @@ void fill_vis_fields(Workstation& ws) {
         ++pt;
         // The component labels wear the chart colours of their curves; the
         // pentanes borrow the butanes'.
-        const auto& s = ws.fm_setup;
-        view.lbl_c1.setForeColor(s.lbl_c1_color.backColor());
-        view.lbl_c2.setForeColor(s.lbl_c2_color.backColor());
-        view.lbl_c3.setForeColor(s.lbl_c3_color.backColor());
-        view.lbl_ic4.setForeColor(s.lbl_ic4_color.backColor());
-        view.lbl_nc4.setForeColor(s.lbl_nc4_color.backColor());
-        view.lbl_ic5.setForeColor(s.lbl_ic4_color.backColor());
-        view.lbl_nc5.setForeColor(s.lbl_nc4_color.backColor());
+        const auto& c = ws.settings;
+        view.lbl_c1.setForeColor(c.ColorC1);
+        view.lbl_c2.setForeColor(c.ColorC2);
+        view.lbl_c3.setForeColor(c.ColorC3);
+        view.lbl_ic4.setForeColor(c.ColorIC4);
+        view.lbl_nc4.setForeColor(c.ColorNC4);
+        view.lbl_ic5.setForeColor(c.ColorIC4);
+        view.lbl_nc5.setForeColor(c.ColorNC4);
         ++pt;
         view.lbl_Bottoms_Up.setCaption(text::Format(ws.depth.bottomsUpMinutes, u"##0.0"));
         ++pt;

@@ -1,0 +1,52 @@
+// The information box and the viewer's close.
+#include "acq_fixture.h"
+
+#include "acquisition/info_box.h"
+#include "acquisition/viewer.h"
+
+using acqtest::AcqTest;
+
+namespace {
+
+class InfoBox : public AcqTest {};
+
+TEST_F(InfoBox, LinesAreAddedWithCrLfAndAnEmptyTextClears) {
+    auto& box = ws.fm_help.txt_help;
+    acq::help_msg(ws, "Re-indexing");
+    acq::help_msg(ws, "Record 100");
+    EXPECT_EQ(box.text(), "Re-indexing\r\nRecord 100\r\n");
+    acq::help_msg(ws, "");
+    EXPECT_EQ(box.text(), "");
+    acq::help_msg(ws, "");
+    EXPECT_EQ(box.text(), ""); // no line added by the empty text
+}
+
+TEST_F(InfoBox, The6001stCharacterCutsTheBoxToItsLast5000) {
+    auto& box = ws.fm_help.txt_help;
+    // 5998 characters plus CR LF: exactly 6000, kept whole.
+    acq::help_msg(ws, QString(5998, QChar('a')));
+    EXPECT_EQ(box.text().size(), 6000);
+    // One more character with its CR LF passes 6000.
+    acq::help_msg(ws, "b");
+    EXPECT_EQ(box.text().size(), 5000);
+    EXPECT_TRUE(box.text().endsWith("a\r\nb\r\n"));
+    EXPECT_TRUE(box.text().startsWith("aaa"));
+}
+
+TEST_F(InfoBox, ClosingOnlyHidesAndAJobCanShowItAgain) {
+    ws.fm_help.form.setVisible(true);
+    acq::help_msg(ws, "working");
+    EXPECT_TRUE(acq::fm_help_QueryUnload(ws));
+    EXPECT_FALSE(ws.fm_help.form.visible());
+    acq::help_msg(ws, "still working");
+    ws.fm_help.form.setVisible(true);
+    EXPECT_EQ(ws.fm_help.txt_help.text(), "working\r\nstill working\r\n");
+
+    ws.more_data.form.setVisible(true);
+    ws.more_data.lbl_GasUnits.setCaption("12.5");
+    EXPECT_TRUE(acq::more_data_QueryUnload(ws));
+    EXPECT_FALSE(ws.more_data.form.visible());
+    EXPECT_EQ(ws.more_data.lbl_GasUnits.caption(), "12.5");
+}
+
+} // namespace

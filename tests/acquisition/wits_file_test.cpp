@@ -1,0 +1,111 @@
+// WITSconfig_V10.txt: the shipped file and the rules of the file form.
+#include "acq_fixture.h"
+
+#include "acquisition/wits_roles.h"
+#include "wits/wits_file.h"
+
+#include <QDir>
+#include <QFile>
+
+using acqtest::AcqTest;
+
+namespace {
+
+class WitsFile : public AcqTest {
+  protected:
+    void write(const QByteArray& contents) {
+        QFile f(folder.file("WITSconfig_V10.txt"));
+        ASSERT_TRUE(f.open(QIODevice::WriteOnly | QIODevice::Truncate));
+        f.write(contents);
+    }
+    QString name(int code) const { return wits::WitsItemName(ws, code); }
+};
+
+TEST_F(WitsFile, TheShippedFileNamesEveryStandardCodeOfTheRoleTable) {
+    wits::LoadWitsFile(ws);
+    EXPECT_GT(ws.wits.itemCount, 200);
+    EXPECT_LE(ws.wits.itemCount, 250);
+    EXPECT_EQ(name(108), "Depth Bit (meas)");
+    EXPECT_EQ(name(110), "Depth Hole (meas)");
+    EXPECT_EQ(name(1108), "Depth Hole (meas)");
+    EXPECT_EQ(name(123), "Pump Stroke Rate #1");
+    EXPECT_EQ(name(713), "Svy Inclination");
+    // Every code of the role table from the records the file carries has a
+    // name; the 63xx codes are a rig's own and read "Unknown".
+    for (const auto& role : acq::WitsRoleTable())
+        for (int code : role.codes) {
+            if (code == 0) continue;
+            if (code >= 6300)
+                EXPECT_EQ(name(code), "Unknown") << code;
+            else
+                EXPECT_NE(name(code), "Unknown") << code;
+        }
+    // Nothing was logged: the file was there.
+    EXPECT_FALSE(folder.exists("COMMAND_LOG.TXT"));
+}
+
+TEST_F(WitsFile, AMissingFileIsLoggedAndEveryNameReadsUnknown) {
+    QFile::remove(folder.file("WITSconfig_V10.txt"));
+    ws.rt.UnitSerial = "KW5";
+    wits::LoadWitsFile(ws);
+    EXPECT_EQ(ws.wits.itemCount, 0);
+    EXPECT_EQ(name(108), "Unknown");
+    EXPECT_EQ(folder.read("COMMAND_LOG.TXT"),
+              "KW5 14:07:09  03/05/2024 *** 14:07:09 File not found: WITSconfig_V10.txt\r\n");
+    EXPECT_TRUE(ws.fm_Gas_Chart.txt_message.text().isEmpty());
+}
+
+TEST_F(WitsFile, CommentsAndShortLinesAreSkippedAndTheNameFollowsTheFifthCharacter) {
+    write("' a comment 0108 Not A Name\r\n"
+          "0108 Bit Depth\r\n"
+          "0110\r\n"         // four characters: skipped
+          "011\r\n"          // fewer: skipped
+          "\r\n"             // empty: skipped
+          "0113-Rate\r\n"    // any fifth character separates
+          "12ab Partial\r\n" // the code is the number the first four start with
+          "0121 \r\n"        // five characters: a code with an empty name
+          "0117 Weight\n"    // a bare LF ends a line too
+          "0108 Bit Depth Again\r\n");
+    wits::LoadWitsFile(ws);
+    EXPECT_EQ(ws.wits.itemCount, 6);
+    EXPECT_EQ(name(113), "Rate");
+    EXPECT_EQ(name(12), "Partial");
+    EXPECT_EQ(name(121), "");
+    EXPECT_EQ(name(117), "Weight");
+    EXPECT_EQ(name(110), "Unknown");
+    // The last line of a code wins.
+    EXPECT_EQ(name(108), "Bit Depth Again");
+    EXPECT_EQ(ws.wits.WITS_item_codes[0], 108);
+    EXPECT_EQ(ws.wits.WITS_item_names[0], "Bit Depth");
+}
+
+TEST_F(WitsFile, OnlyThe250FirstLinesAreReadCommentsIncluded) {
+    QByteArray f = "' header\r\n' second comment\r\n";
+    // Lines 3 to 260: codes 1003 to 1260.
+    for (int line = 3; line <= 260; ++line) f += QByteArray::number(1000 + line) + " Item\r\n";
+    write(f);
+    wits::LoadWitsFile(ws);
+    EXPECT_EQ(ws.wits.itemCount, 248);
+    EXPECT_EQ(name(1250), "Item"); // line 250, the last read
+    EXPECT_EQ(name(1251), "Unknown");
+    EXPECT_EQ(name(1260), "Unknown");
+
+    // A second load starts from an empty table.
+    write("0108 Only\r\n");
+    wits::LoadWitsFile(ws);
+    EXPECT_EQ(ws.wits.itemCount, 1);
+    EXPECT_EQ(name(1003), "Unknown");
+}
+
+TEST_F(WitsFile, AFileThatCannotBeReadIsReportedWithItsPrefix) {
+    QFile::remove(folder.file("WITSconfig_V10.txt"));
+    ASSERT_TRUE(QDir(folder.path()).mkdir("WITSconfig_V10.txt"));
+    wits::LoadWitsFile(ws);
+    EXPECT_EQ(ws.wits.itemCount, 0);
+    EXPECT_TRUE(ws.fm_Gas_Chart.txt_message.text().startsWith("LOAD WITS ERR: "))
+        << ws.fm_Gas_Chart.txt_message.text().toStdString();
+    EXPECT_TRUE(folder.read("ERR_LOG.TXT").contains("LOAD WITS ERR: "));
+    EXPECT_EQ(name(108), "Unknown");
+}
+
+} // namespace
