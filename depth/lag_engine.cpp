@@ -1,0 +1,136 @@
+// The lag engine's door: one routine for every kind of pass, its callers,
+// and the clearing of all lag.
+#include "acquisition/live_fields.h"
+#include "acquisition/workstation.h"
+#include "depth/job_error.h"
+#include "depth/lag.h"
+#include "depth/lag_pass.h"
+#include "text/numbers.h"
+
+namespace depth {
+
+namespace {
+
+void HideHelp(Workstation& ws) {
+    ws.fm_help.form.setVisible(false);
+}
+
+void RunPasses(LagPass& p) {
+    Workstation& ws = p.ws;
+    auto& rs = p.rs;
+    p.pt = 2;
+    p.open();
+    // A job without records has nothing to lag: no failure.
+    if (rs.RecordCount() == 0) return;
+    rs.MoveFirst();
+    rs.MoveLast();
+
+    p.pt = 3;
+    if (rs.RecordCount() >= 100) {
+        ws.fm_help.pgbar.setRange(0, rs.RecordCount());
+        ws.fm_help.pgbar.setValue(1);
+        p.ShowHelp("Recalculating lag.", "Recalculating the LAG");
+    }
+    p.pt = 4;
+    p.rhythm->yieldNow();
+
+    p.pt = 5;
+    if (p.fromDepth > 0 && p.toDepth > 0) {
+        while (!rs.Bof() && p.Depth() > p.toDepth) {
+            rs.MovePrevious();
+            p.rhythm->yield();
+        }
+        if (rs.Bof()) rs.MoveFirst();
+    }
+
+    p.pt = 6;
+    if (ws.fm_setup.op_lag_calc_Str.checked()) StrokesPass(p);
+    p.pt = 7;
+    if (ws.fm_setup.op_lag_calc_Time.checked() && !rs.Bof() && !rs.Eof()) TimePass(p);
+
+    p.pt = 8;
+    if (p.limit == 0 && ws.fm_setup.ck_Fix_ROP.value() == 1) {
+        RopPass(p);
+        ws.fm_setup.ck_Fix_ROP.setValue(0);
+    }
+    p.pt = 9;
+    p.rhythm->commit();
+}
+
+} // namespace
+
+void RecalculateLag(Workstation& ws, long limit, double fromDepth, double toDepth) {
+    auto& rt = ws.rt;
+    if (rt.Gdb_busy) return;
+    rt.Gdb_busy = true;
+    LagPass p(ws, limit, fromDepth, toDepth);
+    try {
+        RunPasses(p);
+    } catch (...) {
+        acq::disply_text_alarms(ws, "Recalculate Lag Err: " + ErrorText(std::current_exception()) +
+                                        "  Errpt: " + text::Str(p.pt));
+        rt.Gdb_error = true;
+    }
+    HideHelp(ws);
+    try {
+        p.close();
+    } catch (...) {
+        // Closing what may not have opened.
+    }
+    rt.Gdb_busy = false;
+}
+
+void tmr_recalc_lag_Timer(Workstation& ws) {
+    if (ws.rt.Grefresh_paused) return;
+    RecalculateLag(ws, 400, 0, 0);
+}
+
+void cmd_recalc_lag_Click(Workstation& ws, int index) {
+    Fix_total_strokes(ws);
+    if (index == 0) {
+        RecalculateLag(ws, 0, 0, 0);
+    } else {
+        RecalculateLag(ws, 0, text::Val(ws.fm_setup.txt_recalc_lag_from.text()),
+                       text::Val(ws.fm_setup.txt_recalc_lag_to.text()));
+    }
+    // The records under the depth arrays have changed.
+    ws.depth.RopRebuild = true;
+}
+
+void ClearLag(Workstation& ws) {
+    auto& rt = ws.rt;
+    if (rt.Gdb_busy) return;
+    rt.Gdb_busy = true;
+    store::Database db;
+    store::Recordset rs;
+    try {
+        db = store::OpenDatabase(ws.fm_Gas_Chart.txt_db_path.text());
+        rs = db.OpenRecordset(" SELECT LAG_GU, DATA1 FROM " + rt.Gtable_name +
+                              " ORDER BY PACKET_NUM");
+        // Batches of at most 400 records.
+        PassRhythm rhythm(ws, db, 400);
+        if (rs.RecordCount() > 0) rs.MoveFirst();
+        while (rs.RecordCount() > 0 && !rs.Eof()) {
+            rhythm.beginWrite();
+            rs.Edit();
+            rs.SetField(0, 0.0);
+            rs.SetField(1, 0.0);
+            rs.Update();
+            rhythm.endWrite();
+            rhythm.yield();
+            rs.MoveNext();
+        }
+        rhythm.commit();
+    } catch (...) {
+        acq::disply_text_alarms(ws, "Clear Lag Err: " + ErrorText(std::current_exception()));
+    }
+    rs.Close();
+    db.Close();
+    rt.Gdb_busy = false;
+}
+
+void cmd_Clear_Lag_Click(Workstation& ws) {
+    ClearLag(ws);
+}
+
+} // namespace depth

@@ -1,0 +1,62 @@
+#include "depth/pass_rhythm.h"
+
+#include "acquisition/events.h"
+#include "acquisition/workstation.h"
+
+namespace depth {
+
+namespace {
+constexpr qint64 kBatchMs = 250;
+// The intake tick runs every 200 ms: a yield every 20 ms keeps it on time
+// while the pass spends its time on the pass.
+constexpr qint64 kYieldMs = 20;
+} // namespace
+
+PassRhythm::PassRhythm(Workstation& ws, store::Database db, int batchRecords)
+    : ws_(ws), db_(std::move(db)), batchRecords_(batchRecords) {
+    sinceYield_.start();
+}
+
+PassRhythm::~PassRhythm() {
+    if (!open_) return;
+    try {
+        db_.CommitTrans();
+    } catch (...) {
+        // The pass has already reported its own failure; a batch that cannot
+        // be committed either is rolled back when the file is closed.
+    }
+}
+
+void PassRhythm::beginWrite() {
+    if (open_) return;
+    db_.BeginTrans();
+    open_ = true;
+    batch_ = 0;
+    batchAge_.start();
+}
+
+void PassRhythm::endWrite() {
+    ++batch_;
+    if (batch_ >= batchRecords_ || batchAge_.elapsed() >= kBatchMs) commit();
+}
+
+void PassRhythm::commit() {
+    if (!open_) return;
+    open_ = false;
+    db_.CommitTrans();
+    ++commits_;
+}
+
+void PassRhythm::yield() {
+    if (sinceYield_.elapsed() < kYieldMs) return;
+    yieldNow();
+}
+
+void PassRhythm::yieldNow() {
+    commit();
+    acq::DoEvents(ws_);
+    ++yields_;
+    sinceYield_.restart();
+}
+
+} // namespace depth

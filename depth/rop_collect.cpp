@@ -1,0 +1,200 @@
+// The depth arrays from the job file: the records between two positions (or
+// all of them) go through the per-foot collector in packet order.
+#include "acquisition/info_box.h"
+#include "acquisition/live_fields.h"
+#include "acquisition/workstation.h"
+#include "depth/job_error.h"
+#include "depth/lag.h"
+#include "depth/pass_rhythm.h"
+#include "depth/rop_collector.h"
+#include "store/recordset.h"
+#include "text/numbers.h"
+
+#include <utility>
+
+namespace depth {
+
+namespace {
+
+// A range this small is read without showing the information box: the chart
+// reads the newest 4000 records at every draw.
+constexpr int32_t kQuietRange = 4001;
+constexpr int kYieldEvery = 1000;
+
+// The columns read for every record, then those read only when a record
+// closes a foot.
+constexpr const char* kColumns[] = {
+    "DEPTH", "LAG_GU",    "GAS_UNITS", "ERR_TXT", "KW7001", "KW7003", "KW7005", "KW7007",
+    "GAMMA", "GAMMA_LAG", "C1",        "C2",      "C3",     "IC4",    "NC4",    "IC5",
+    "NC5",   "DATA1",     "MIN_FT",    "O2",      "CO2",    "H2S",    "DT",     "PACKET_NUM"};
+enum Col {
+    cDepth,
+    cLagGu,
+    cGasUnits,
+    cErrTxt,
+    cKw7001,
+    cGamma = cKw7001 + 4,
+    cGammaLag,
+    cC1,
+    cData1 = cC1 + 7,
+    cMinFt,
+    cO2,
+    cCO2,
+    cH2S,
+    cDt,
+    cPacketNum,
+};
+
+std::optional<double> Opt(const store::Variant& v) {
+    if (v.isNull()) return std::nullopt;
+    return v.toDouble();
+}
+
+RopOptions ReadOptions(const Workstation& ws, bool lagged) {
+    const auto& s = ws.fm_setup;
+    RopOptions o;
+    o.lagged = lagged;
+    // The panel has no gain boxes for the pentanes: they count as they come.
+    o.gains = {text::Val(s.txt_c1_gain.text()),
+               text::Val(s.txt_c2_gain.text()),
+               text::Val(s.txt_c3_gain.text()),
+               text::Val(s.txt_ic4_gain.text()),
+               text::Val(s.txt_nc4_gain.text()),
+               1,
+               1};
+    o.oilIndicator = s.op1_oil_ind.value();
+    o.gammaScaleMax = ws.settings.GammaScale.ScaleMax;
+    o.gammaOverride = s.ck_Wits_Gamma_Override.checked();
+    o.manualGammaLag = text::Val(s.Manual_Gamma_Lag.text());
+    return o;
+}
+
+void ReadRecord(const store::Recordset& rs, RopRecord& r) {
+    r.depth = Opt(rs.Fields(cDepth));
+    r.lagGu = Opt(rs.Fields(cLagGu));
+    r.gasUnits = Opt(rs.Fields(cGasUnits));
+    // Bad gas matters only to a record that has been lagged.
+    r.badGas = r.lagGu && WholeFoot(*r.lagGu) != 0 && rs.Fields(cErrTxt).toText().contains(u'*');
+    for (int i = 0; i < 4; ++i) r.custom[i] = Opt(rs.Fields(cKw7001 + i));
+    r.gamma = Opt(rs.Fields(cGamma));
+    r.gammaLag = Opt(rs.Fields(cGammaLag));
+    for (int i = 0; i < 7; ++i) r.gas[i] = Opt(rs.Fields(cC1 + i));
+}
+
+void ReadClosing(const store::Recordset& rs, RopRecord& r) {
+    r.data1 = Opt(rs.Fields(cData1));
+    r.minFt = Opt(rs.Fields(cMinFt));
+    r.o2 = Opt(rs.Fields(cO2));
+    r.co2 = Opt(rs.Fields(cCO2));
+    r.h2s = Opt(rs.Fields(cH2S));
+    const store::Variant dt = rs.Fields(cDt);
+    r.dt = dt.isNull() ? QDateTime() : dt.toDate();
+}
+
+struct Stretch {
+    int32_t first = 0;
+    int32_t last = 0;
+    bool ranged = false;
+};
+
+int32_t Collect(Workstation& ws, Stretch st, bool lagged, int& pt) {
+    auto& d = ws.depth;
+    pt = 2;
+    store::Database db = store::OpenDatabase(ws.fm_Gas_Chart.txt_db_path.text());
+    QString columns;
+    for (const char* c : kColumns) columns += (columns.isEmpty() ? "" : ", ") + QString(c);
+    store::Recordset rs = db.OpenRecordset(" SELECT " + columns + " FROM " + ws.rt.Gtable_name +
+                                           " ORDER BY PACKET_NUM");
+    if (rs.RecordCount() == 0) return 0;
+
+    pt = 3;
+    rs.MoveFirst();
+    rs.MoveLast();
+    if (!st.ranged) d.clear();
+    rs.MoveFirst();
+    if (st.first > st.last) std::swap(st.first, st.last);
+    // A stretch that starts past the newest record has nothing to read yet.
+    if (st.first >= rs.RecordCount()) return 0;
+    if (!(st.first < 1 && st.last < 1)) rs.SetAbsolutePosition(st.first);
+    int32_t toRead = st.last - st.first;
+    if (toRead == 0) toRead = rs.RecordCount();
+
+    pt = 4;
+    auto& help = ws.fm_help;
+    help.pgbar.setRange(0, toRead + 1);
+    help.pgbar.setValue(1);
+    if (!(st.ranged && toRead <= kQuietRange)) {
+        help.form.setCaption("Gathering ROP Data From Database");
+        help.form.setVisible(true);
+        acq::help_msg(ws, "");
+        acq::help_msg(ws, lagged ? "Gathering LAGGED ROP data..." : "Gathering ROP data...");
+    }
+    PassRhythm rhythm(ws, db);
+    rhythm.yieldNow();
+
+    pt = 5;
+    RopCollector collector(d, ReadOptions(ws, lagged));
+    d.RopMaxDepth = 0;
+    d.RopMinDepth = 100000;
+    RopRecord r;
+    ReadRecord(rs, r);
+    collector.start(r);
+
+    pt = 6;
+    int32_t read = 0;
+    store::Variant lastPacket;
+    while (!rs.Eof()) {
+        ReadRecord(rs, r);
+        if (collector.crosses(r)) ReadClosing(rs, r);
+        collector.take(r);
+        lastPacket = rs.Fields(cPacketNum);
+        ++read;
+        if (read % kYieldEvery == 0) {
+            rhythm.yield();
+            const int next = help.pgbar.value() + 1;
+            help.pgbar.setValue(next >= help.pgbar.max() ? help.pgbar.max() - 1 : next);
+        }
+        rs.MoveNext();
+        if (st.ranged && !rs.Eof() && rs.AbsolutePosition() >= st.last) break;
+    }
+
+    pt = 7;
+    if (!lastPacket.isNull() && lastPacket.toLong() > d.RopLastPacket)
+        d.RopLastPacket = lastPacket.toLong();
+    rs.Close();
+    db.Close();
+    return read;
+}
+
+} // namespace
+
+void Collect_ROP_Data(Workstation& ws, int32_t& firstRec, int32_t& lastRec, bool lagged,
+                      int32_t& result) {
+    auto& rt = ws.rt;
+    if (rt.Gdb_busy) return;
+    rt.Gdb_busy = true;
+    int pt = 1;
+    try {
+        if (firstRec >= 0 && lastRec >= 0) {
+            const Stretch st{firstRec, lastRec, !(firstRec == 0 && lastRec == 0)};
+            result = Collect(ws, st, lagged, pt);
+            firstRec = lastRec;
+        }
+    } catch (...) {
+        acq::disply_text_alarms(ws, "DB ROP Chart Err: " + ErrorText(std::current_exception()) +
+                                        "  Err pt: " + text::Str(pt));
+    }
+    ws.fm_help.form.setVisible(false);
+    rt.Gdb_busy = false;
+}
+
+void Collect_ROP_Data(Workstation& ws) {
+    int32_t first = 0, last = 0, result = 0;
+    Collect_ROP_Data(ws, first, last, false, result);
+}
+
+void cmd_get_all_ROP_Click(Workstation& ws) {
+    Collect_ROP_Data(ws);
+}
+
+} // namespace depth
