@@ -70,7 +70,17 @@ class Workstation {
 
     // Random numbers in [0, 1); tests seed or replace it to repeat a run.
     std::function<double()> Rnd;
-    void Randomize(uint32_t seed) { rng_.seed(seed); }
+    // A fixed seed holds for the rest of the run: the clock reseeding below
+    // then leaves the sequence alone, so a test repeats itself.
+    void Randomize(uint32_t seed) {
+        rng_.seed(seed);
+        seedFixed_ = true;
+    }
+    // Reseed from the clock, as the login does before each block.
+    void Randomize() {
+        if (!seedFixed_)
+            rng_.seed(static_cast<uint32_t>(QDateTime::currentMSecsSinceEpoch() ^ rng_()));
+    }
     // The computer's clock; tests may fix it.
     std::function<QDateTime()> Now = [] { return QDateTime::currentDateTime(); };
 
@@ -88,5 +98,6 @@ class Workstation {
     std::unique_ptr<platform::Dialogs> ownDialogs_;
     platform::Dialogs* dialogs_ = nullptr;
     std::mt19937 rng_{std::random_device{}()};
+    bool seedFixed_ = false;
     std::map<QString, std::unique_ptr<QTimer>> timers_;
 };

@@ -38,6 +38,7 @@ int SerialLink::SetPortOpen(bool open) {
         return 8002;
     }
     port_.setPortName(dev);
+    port_.clearError();
     if (!port_.open(QIODevice::ReadWrite)) {
         error_ = port_.errorString();
         return port_.error() == QSerialPort::PermissionError ? 8005 : 8002;
@@ -55,24 +56,37 @@ int SerialLink::InBufferCount() {
     // Pull in what the device holds without waiting for the event loop, so
     // a tick called straight after the bytes arrived sees them.
     port_.waitForReadyRead(0);
-    if (port_.error() == QSerialPort::ResourceError) {
-        // The device went away (adapter pulled): close, the supervision
-        // finds the link lost by its countdown and rescans.
-        port_.close();
-        return 0;
-    }
-    return static_cast<int>(port_.bytesAvailable());
+    const int waiting = static_cast<int>(port_.bytesAvailable());
+    // Bytes that came in before the device went away are still handed on.
+    if (waiting == 0) closeIfGone();
+    return waiting;
 }
 
 QString SerialLink::Input() {
     if (!port_.isOpen()) return {};
-    return bytesToText(port_.readAll());
+    const QString got = bytesToText(port_.readAll());
+    closeIfGone();
+    return got;
 }
 
 void SerialLink::Output(const QString& text) {
     if (!port_.isOpen()) return;
-    port_.write(textToBytes(text));
+    if (port_.write(textToBytes(text)) < 0) {
+        closeIfGone();
+        return;
+    }
     port_.waitForBytesWritten(200);
+    closeIfGone();
+}
+
+void SerialLink::closeIfGone() {
+    // A device that went away (adapter pulled, the far end of a
+    // pseudo-terminal closed) reports a resource error; anything it still
+    // held has been read, so close and let the countdown bring the rescan.
+    if (port_.isOpen() && port_.error() == QSerialPort::ResourceError) {
+        error_ = port_.errorString();
+        port_.close();
+    }
 }
 
 } // namespace platform

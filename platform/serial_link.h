@@ -33,6 +33,7 @@ class SerialLink {
     QString device() const { return port_.portName(); }
 
   private:
+    void closeIfGone();
     const PortMap& map_;
     QSerialPort port_;
     QString error_;

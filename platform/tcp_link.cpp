@@ -21,6 +21,9 @@ void TcpLink::Close() {
 int TcpLink::State() {
     switch (sock_.state()) {
     case QAbstractSocket::UnconnectedState:
+        // What the instrument sent before it hung up is still to be read:
+        // the link counts as up until the reader has taken it.
+        if (sock_.bytesAvailable() > 0) return 7;
         return errored_ ? 9 : 0;
     case QAbstractSocket::HostLookupState:
         return 4;
@@ -39,8 +42,7 @@ int TcpLink::State() {
 }
 
 int TcpLink::BytesReceived() {
-    if (sock_.state() != QAbstractSocket::ConnectedState) return 0;
-    sock_.waitForReadyRead(0);
+    if (sock_.state() == QAbstractSocket::ConnectedState) sock_.waitForReadyRead(0);
     return static_cast<int>(sock_.bytesAvailable());
 }
 

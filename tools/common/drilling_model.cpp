@@ -425,6 +425,22 @@ Sample Model::next() {
     return s;
 }
 
+void Model::setHoleDepth(double feet) {
+    Impl& m = *d_;
+    m.hole = m.bit = std::max(0.0, feet);
+    m.lastFoot = std::floor(m.hole);
+    m.footSeconds = 0;
+    m.nextConnection = std::floor(m.hole / 90.0) * 90.0 + 90.0;
+    if (m.phase != Phase::PumpsOff) m.phase = Phase::Drilling;
+    m.form.bottom = m.hole + m.rnd.range(25, 220);
+    m.shows.clear();
+    m.newShow(m.hole + m.rnd.range(40, 250));
+}
+
+double Model::holeDepth() const {
+    return d_->hole;
+}
+
 QString Model::PacketLine(const Sample& s) {
     QString line = QStringLiteral("*");
     for (size_t i = 0; i < s.fields.size(); ++i) {

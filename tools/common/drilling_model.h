@@ -49,6 +49,9 @@ class Model {
     explicit Model(const Options& opt = {});
     // The next six-second sample.
     Sample next();
+    // The operator set the geolograph: drilling goes on from this depth.
+    void setHoleDepth(double feet);
+    double holeDepth() const;
     // The packet as the instrument sends it: "*" + fields joined by commas + CR LF.
     static QString PacketLine(const Sample& s);
     // The WITS items relayed by the instrument: "^" + five header items,

@@ -1,0 +1,196 @@
+#include "instrument.h"
+
+#include "text/numbers.h"
+
+#include <QTextStream>
+
+namespace sim {
+
+namespace {
+
+constexpr char kKeepAlive = char(250);
+constexpr int kMaxLine = 4096;
+// The key block: "[PGP KEY ", 255 elements of three digits, "]".
+constexpr int kKeyElements = 255;
+constexpr int kKeyLength = 9 + 3 * kKeyElements + 1;
+
+QString Upper(const QString& s) {
+    return s.trimmed().toUpper();
+}
+
+} // namespace
+
+Instrument::Instrument(const Settings& s, Channel& channel)
+    : s_(s), ch_(channel), model_(s.model), noise_(s.model.seed ^ 0x5eedu) {
+    // The registers as the instrument leaves the factory.
+    registers_ = {{25, 5}, {29, 30}, {30, 100}, {34, 3}, {45, 10}, {53, 15}};
+    ch_.onData = [this](const QByteArray& b) { received(b); };
+    ch_.onConnect = [this] {
+        echo_ = true;
+        twoWay_ = false;
+        pending_.clear();
+        note(QStringLiteral("CONNECT"));
+    };
+    ch_.onNote = [this](const QString& t) { note(t); };
+    QObject::connect(&packetTimer_, &QTimer::timeout, [this] { sendPacket(); });
+}
+
+void Instrument::start() {
+    if (!s_.logPath.isEmpty()) {
+        log_.setFileName(s_.logPath);
+        log_.open(QIODevice::WriteOnly | QIODevice::Append | QIODevice::Text);
+    }
+    packetTimer_.start(std::max(1, int(s_.interval * 1000)));
+}
+
+void Instrument::note(const QString& line) {
+    if (!log_.isOpen()) return;
+    log_.write((line + QLatin1Char('\n')).toLatin1());
+    log_.flush();
+}
+
+void Instrument::sendPacket() {
+    // The instrument samples whether anyone listens or not; what nobody
+    // hears is simply lost, and the packet numbers jump.
+    const drill::Sample sample = model_.next();
+    if (!ch_.connected()) return;
+
+    ch_.write(drill::Model::PacketLine(sample).toLatin1());
+    ++sent_;
+    note(QStringLiteral("PACKET ") + QString::number(sample.packetNumber));
+    if (s_.relayWits) ch_.write(drill::Model::WitsLine(sample).toLatin1());
+
+    if (s_.garbage && std::uniform_int_distribution<int>(0, 2)(noise_) == 0)
+        QTimer::singleShot(std::max(1, int(s_.interval * 500)), [this] { sendGarbage(); });
+
+    if (s_.dropEvery > 0 && sent_ % s_.dropEvery == 0) {
+        // Pulled mid-packet: half of the next line goes out, then nothing.
+        const QByteArray next = drill::Model::PacketLine(model_.next()).toLatin1();
+        ch_.write(next.left(next.size() / 2));
+        note(QStringLiteral("DROP"));
+        ch_.drop();
+    }
+}
+
+void Instrument::sendGarbage() {
+    if (!ch_.connected()) return;
+    std::uniform_int_distribution<int> byte(0, 255), len(5, 80), kind(0, 1);
+    QByteArray burst;
+    if (kind(noise_) == 0) {
+        for (int i = len(noise_); i > 0; --i) {
+            char c = char(byte(noise_));
+            if (c == '\r' || c == '*' || c == '^' || c == '&') c = '?';
+            burst += c;
+        }
+    } else {
+        // the front of a packet whose end was lost on the line
+        const QByteArray line = drill::Model::PacketLine(model_.next()).toLatin1();
+        burst = line.left(len(noise_));
+    }
+    burst += "\r\n";
+    ch_.write(burst);
+    note(QStringLiteral("GARBAGE ") + QString::number(burst.size()));
+}
+
+void Instrument::received(const QByteArray& bytes) {
+    for (char c : bytes) {
+        if (c == kKeepAlive) {
+            ++keepAlives_;
+            note(QStringLiteral("KEEPALIVE ") + QString::number(keepAlives_));
+            continue;
+        }
+        if (echo_ && ch_.echoes()) ch_.write(QByteArray(1, c));
+        if (c == '\r') {
+            const QString line = QString::fromLatin1(pending_);
+            pending_.clear();
+            handleLine(line);
+        } else if (c != '\n') {
+            if (pending_.size() < kMaxLine) pending_ += c;
+        }
+    }
+}
+
+void Instrument::reply(const QString& line) {
+    ch_.write((line + QStringLiteral("\r\n")).toLatin1());
+}
+
+void Instrument::handleLine(const QString& raw) {
+    const QString line = raw.trimmed();
+    if (line.isEmpty()) return; // the wake-up CR
+    const QString up = Upper(line);
+    const QStringList words = line.split(QLatin1Char(' '), Qt::SkipEmptyParts);
+
+    if (up.startsWith(QLatin1String("LAGDEPTH "))) {
+        checkLagDepth(line);
+        return;
+    }
+    if (up.startsWith(QLatin1String("[PGP KEY "))) {
+        const bool ok = s_.twoWayLogin && validKeyBlock(line);
+        note(ok ? QStringLiteral("LOGIN OK") : QStringLiteral("LOGIN REFUSED"));
+        twoWay_ = ok;
+        reply(ok ? QStringLiteral("[TWO WAY]") : QStringLiteral("[OUTPUT ONLY]"));
+        return;
+    }
+    note(QStringLiteral("COMMAND ") + line);
+    if (up == QLatin1String("?")) {
+        reply(QStringLiteral("KETTLEWICK GAS DETECTOR SN ") + s_.model.serial + " READY");
+    } else if (up == QLatin1String("STATUS")) {
+        reply(twoWay_ ? QStringLiteral("[TWO WAY]") : QStringLiteral("[OUTPUT ONLY]"));
+    } else if (up == QLatin1String("ECHO OFF")) {
+        echo_ = false;
+    } else if (up == QLatin1String("ECHO ON")) {
+        echo_ = true;
+    } else if (up.startsWith(QLatin1String("SETREG")) && words.size() >= 3) {
+        const int r = int(text::Val(words[1]));
+        registers_[r] = int(text::Val(words[2]));
+        reply("Reg " + QString::number(r) + " = " + QString::number(registers_[r]));
+    } else if (up.startsWith(QLatin1String("READREG")) && words.size() >= 2) {
+        const int r = int(text::Val(words[1]));
+        reply("Reg " + QString::number(r) + " = " + QString::number(registers_[r]));
+    } else if (up.startsWith(QLatin1String("SETDEPTH"))) {
+        if (words.size() >= 2) model_.setHoleDepth(text::Val(words[1]));
+        reply("DRILL DEPTH IS: " + text::Str(std::floor(model_.holeDepth())));
+    } else if (up.startsWith(QLatin1String("SETJOBNUM"))) {
+        if (words.size() >= 2) jobNumber_ = words[1];
+        reply("JOB NUM " + jobNumber_);
+    }
+}
+
+void Instrument::checkLagDepth(const QString& line) {
+    // "LAGDEPTH x c": c is the sum of the character codes of "LAGDEPTH x",
+    // modulo 256.
+    const auto blank = line.lastIndexOf(QLatin1Char(' '));
+    const QString body = line.left(blank);
+    const int given = int(text::Val(line.mid(blank + 1)));
+    int sum = 0;
+    for (QChar c : body) sum += c.unicode();
+    const bool ok = blank > 9 && given == sum % 256;
+    note(QStringLiteral("LAGDEPTH ") + body.mid(9) + " " + QString::number(given) +
+         (ok ? QStringLiteral(" OK") : QStringLiteral(" BAD")));
+}
+
+bool Instrument::validKeyBlock(const QString& line) const {
+    // The form only: the instrument's own judgement of the account is not
+    // simulated. Right length, all digits, bytes in range, a pad position k
+    // from 30 to 200, and a masked name and password that unmask to
+    // printable text.
+    if (line.size() != kKeyLength || !line.endsWith(QLatin1Char(']'))) return false;
+    int e[kKeyElements];
+    for (int i = 0; i < kKeyElements; ++i) {
+        bool ok = false;
+        e[i] = line.mid(9 + 3 * i, 3).toInt(&ok);
+        if (!ok || e[i] > 255 || !line[9 + 3 * i].isDigit()) return false;
+    }
+    const int k = e[5];
+    if (k < 30 || k > 200) return false;
+    QByteArray name, password;
+    for (int i = 0; i < 20; ++i) {
+        const int c = e[k + i] ^ e[6 + i];
+        if (c == 0) continue;
+        if (c < 32 || c > 126) return false;
+        (i < 10 ? name : password) += char(c);
+    }
+    return name.size() >= 3 && password.size() >= 3;
+}
+
+} // namespace sim

@@ -1,0 +1,58 @@
+#pragma once
+// The simulated instrument: a packet every interval from the drilling model,
+// and the console that answers the workstation's commands.
+
+#include "channel.h"
+#include "tools/common/drilling_model.h"
+
+#include <QFile>
+#include <QTimer>
+#include <map>
+#include <random>
+
+namespace sim {
+
+struct Settings {
+    double interval = 6;    // seconds between packets
+    int dropEvery = 0;      // drop the link after every N packets sent
+    bool garbage = false;   // noise and broken packets between good ones
+    bool relayWits = false; // a "^" line after each packet
+    bool twoWayLogin = false;
+    QString logPath;
+    drill::Options model;
+};
+
+class Instrument {
+  public:
+    Instrument(const Settings& s, Channel& channel);
+    void start();
+
+    // One line of the log file, also used by the channel's notes.
+    void note(const QString& line);
+
+  private:
+    void sendPacket();
+    void sendGarbage();
+    void received(const QByteArray& bytes);
+    void handleLine(const QString& line);
+    void reply(const QString& line);
+    void checkLagDepth(const QString& line);
+    bool validKeyBlock(const QString& line) const;
+
+    Settings s_;
+    Channel& ch_;
+    drill::Model model_;
+    QTimer packetTimer_;
+    QFile log_;
+    std::mt19937 noise_;
+
+    QByteArray pending_;
+    bool echo_ = true;
+    bool twoWay_ = false;
+    long sent_ = 0;
+    long keepAlives_ = 0;
+    QString jobNumber_ = QStringLiteral("1001");
+    std::map<int, int> registers_;
+};
+
+} // namespace sim

@@ -1,0 +1,121 @@
+// kettlewick-sim: a stand-in for the gas instrument on a TCP port, a
+// pseudo-terminal or a serial device. It sends the drilling model's packets,
+// answers the console commands, checks the lag depth lines that come back,
+// and can misbehave on demand (dropped links, noise) for the tests.
+#include "channel.h"
+#include "instrument.h"
+#include "text/datetime.h"
+
+#include <QCommandLineParser>
+#include <QCoreApplication>
+#include <QDateTime>
+#include <QTimer>
+#include <csignal>
+#include <cstdio>
+
+namespace {
+
+// The instrument's packet counter runs on from its last power-up; taking it
+// from the clock keeps a restarted simulator from repeating numbers that a
+// job already holds.
+long ClockPacketNumber() {
+    const QDateTime epoch(QDate(2020, 1, 1), QTime(0, 0));
+    return long(epoch.secsTo(QDateTime::currentDateTime()) / 6);
+}
+
+volatile std::sig_atomic_t gStop = 0;
+void Stop(int) {
+    gStop = 1;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    QCoreApplication app(argc, argv);
+    QCoreApplication::setApplicationName(QStringLiteral("kettlewick-sim"));
+    // A stop request ends the loop normally, so a pseudo-terminal's link is
+    // removed on the way out.
+    std::signal(SIGTERM, Stop);
+    std::signal(SIGINT, Stop);
+    QTimer stopWatch;
+    QObject::connect(&stopWatch, &QTimer::timeout, [] {
+        if (gStop) QCoreApplication::quit();
+    });
+    stopWatch.start(100);
+
+    QCommandLineParser p;
+    p.setApplicationDescription(QStringLiteral("Gas instrument simulator"));
+    p.addHelpOption();
+    const QCommandLineOption tcp("tcp", "Listen on 127.0.0.1:PORT.", "PORT");
+    const QCommandLineOption pty("pty", "Make a pseudo-terminal, linked at PATH.", "PATH");
+    const QCommandLineOption serial("serial", "Open an existing serial DEVICE.", "DEVICE");
+    const QCommandLineOption interval("interval", "Seconds between packets (default 6).", "SECONDS",
+                                      "6");
+    const QCommandLineOption seed("seed", "Seed of the drilling model (default 1).", "N", "1");
+    const QCommandLineOption depth("start-depth", "Depth to start at, feet (default 4500).", "FEET",
+                                   "4500");
+    const QCommandLineOption first("first-packet", "Number of the first packet.", "N");
+    const QCommandLineOption start("start", "Time of the first packet, YYYY-MM-DD HH:MM:SS.",
+                                   "TIME");
+    const QCommandLineOption log("log", "Append one line per packet sent (and events) to FILE.",
+                                 "FILE");
+    const QCommandLineOption drop("drop-every", "Drop the link after every N packets.", "N", "0");
+    const QCommandLineOption garbage("garbage", "Send noise and broken packets between good ones.");
+    const QCommandLineOption wits("relay-wits", "Send a WITS line after each packet.");
+    const QCommandLineOption login("two-way-login", "Accept a well-formed login block.");
+    p.addOptions(
+        {tcp, pty, serial, interval, seed, depth, first, start, log, drop, garbage, wits, login});
+    p.process(app);
+
+    sim::Settings s;
+    bool ok = true;
+    s.interval = p.value(interval).toDouble(&ok);
+    if (!ok || s.interval <= 0) {
+        std::fprintf(stderr, "kettlewick-sim: --interval needs a number of seconds above 0\n");
+        return 2;
+    }
+    s.model.seed = p.value(seed).toUInt();
+    s.model.startDepth = p.value(depth).toDouble();
+    s.model.firstPacket = p.isSet(first) ? p.value(first).toLong() : ClockPacketNumber();
+    if (p.isSet(start)) {
+        auto t = text::FromIso(p.value(start));
+        if (!t) {
+            std::fprintf(stderr, "kettlewick-sim: --start needs YYYY-MM-DD HH:MM:SS\n");
+            return 2;
+        }
+        s.model.start = *t;
+    } else {
+        QDateTime now = QDateTime::currentDateTime();
+        s.model.start = QDateTime(
+            now.date(), QTime(now.time().hour(), now.time().minute(), now.time().second()));
+    }
+    s.logPath = p.value(log);
+    s.dropEvery = p.value(drop).toInt();
+    s.garbage = p.isSet(garbage);
+    s.relayWits = p.isSet(wits);
+    s.twoWayLogin = p.isSet(login);
+
+    std::unique_ptr<sim::Channel> channel;
+    if (p.isSet(tcp))
+        channel = sim::MakeTcpChannel(quint16(p.value(tcp).toUInt()));
+    else if (p.isSet(pty))
+        channel = sim::MakePtyChannel(p.value(pty));
+    else if (p.isSet(serial))
+        channel = sim::MakeSerialChannel(p.value(serial));
+    else {
+        std::fprintf(stderr, "kettlewick-sim: give --tcp PORT, --pty PATH or --serial DEVICE\n");
+        return 2;
+    }
+
+    sim::Instrument instrument(s, *channel);
+    instrument.start();
+    QString error;
+    if (!channel->start(error)) {
+        std::fprintf(stderr, "kettlewick-sim: %s\n", qPrintable(error));
+        return 1;
+    }
+    instrument.note(QStringLiteral("READY"));
+    std::fprintf(stdout, "kettlewick-sim ready\n");
+    std::fflush(stdout);
+    return app.exec();
+}
