@@ -72,6 +72,8 @@ bool Form_Load(Workstation& ws) {
 
     // 5. Default paths under the program folder.
     main.txt_db_path.setText(ws.programFile("DB_CUE/V11_DEMO.DB"));
+    ws.fm_setup.txt_stats_filename.setText(ws.programFile("DB_CUE/AUTOTALLY.TXT"));
+    ws.fm_setup.txt_autogen_dir.setText(ws.programFile("DB_CUE"));
     rt.autogen_dir = ws.programDir;
 
     // 6. Settings, first read, and the WITS item names.
@@ -125,6 +127,7 @@ bool Form_Load(Workstation& ws) {
     // as the program folder.
     config::ReadConfigFile(ws);
     rt.autogen_dir = ws.programDir;
+    ws.fm_setup.txt_autogen_dir.setText(rt.autogen_dir);
 
     // 18.
     rt.Gstarting_up = false;
