@@ -91,15 +91,24 @@ std::shared_ptr<Connection> Connection::Open(const QString& path, OpenMode mode)
     return c;
 }
 
-std::shared_ptr<Connection> Connection::WriteHolder(const QString& path) {
+namespace {
+std::vector<std::shared_ptr<Connection>> AllOpen() {
     std::vector<std::shared_ptr<Connection>> open;
-    {
-        Registry& r = OpenConnections();
-        std::lock_guard lock(r.m);
-        for (const auto& w : r.all)
-            if (auto c = w.lock(); c && c->isOpen()) open.push_back(std::move(c));
-    }
-    for (auto& c : open)
+    Registry& r = OpenConnections();
+    std::lock_guard lock(r.m);
+    for (const auto& w : r.all)
+        if (auto c = w.lock(); c && c->isOpen()) open.push_back(std::move(c));
+    return open;
+}
+} // namespace
+
+void Connection::CloseAllOn(const QString& path) {
+    for (auto& c : AllOpen())
+        if (c->path() == path || SameFile(c->path(), path)) c->close();
+}
+
+std::shared_ptr<Connection> Connection::WriteHolder(const QString& path) {
+    for (auto& c : AllOpen())
         if (sqlite3_txn_state(c->db_, "main") == SQLITE_TXN_WRITE && SameFile(c->path(), path))
             return c;
     return nullptr;

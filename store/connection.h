@@ -49,6 +49,9 @@ class Connection {
     // connection that waits for such a lock waits for ever: the holder can
     // only let go once the waiter has returned.
     static std::shared_ptr<Connection> WriteHolder(const QString& path);
+    // Closes every connection of this process to the file at `path`, so its
+    // log is folded into it and removed before the file is replaced.
+    static void CloseAllOn(const QString& path);
 
   private:
     Connection() = default;

@@ -254,7 +254,7 @@ void Workspace::Close() {
 
 void CopyDatabase(const QString& from, const QString& to) {
     Database src = OpenDatabase(from, OpenMode::ReadOnly);
-    QFile::remove(to);
+    RemoveJobFile(to);
     Database dst = OpenDatabase(to, OpenMode::Create);
     sqlite3_backup* b = sqlite3_backup_init(dst.handle(), "main", src.handle(), "main");
     if (!b) ThrowEngineError(dst.handle(), sqlite3_extended_errcode(dst.handle()), to);
@@ -269,6 +269,20 @@ void CompactDatabase(const QString& from, const QString& to) {
     const QByteArray t = to.toUtf8();
     sqlite3_bind_text(q.get(), 1, t.constData(), static_cast<int>(t.size()), SQLITE_TRANSIENT);
     q.step();
+}
+
+bool RemoveJobFile(const QString& path) {
+    Connection::CloseAllOn(path);
+    QFile::remove(path + "-wal");
+    QFile::remove(path + "-shm");
+    return !QFile::exists(path) || QFile::remove(path);
+}
+
+bool PutJobFileInPlace(const QString& from, const QString& to) {
+    Connection::CloseAllOn(from);
+    QFile::remove(from + "-wal");
+    QFile::remove(from + "-shm");
+    return RemoveJobFile(to) && QFile::rename(from, to);
 }
 
 } // namespace store

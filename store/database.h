@@ -126,9 +126,16 @@ class Workspace {
 };
 
 // A consistent copy of a job file, whatever its log still holds: a plain file
-// copy of a WAL-mode file can miss the newest commits.
+// copy of a WAL-mode file can miss the newest commits. What stood at `to` is
+// removed first.
 void CopyDatabase(const QString& from, const QString& to);
 // Compact into a new file that must not exist yet.
 void CompactDatabase(const QString& from, const QString& to);
+// Removes a job file with its log and shared-memory files, after closing
+// every connection this process has to it. A log left behind would be read
+// as the log of whatever file next takes the name.
+bool RemoveJobFile(const QString& path);
+// Puts the job file `from` in the place of `to` (see RemoveJobFile).
+bool PutJobFileInPlace(const QString& from, const QString& to);
 
 } // namespace store

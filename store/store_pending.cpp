@@ -1,11 +1,9 @@
 // The job store before it is built: the calls of the start-up and the
 // parser run and do nothing.
 #include "store/lifecycle.h"
-#include "store/record_writer.h"
 
 namespace store {
 
-void SaveKWData(Workstation&) {}
 void OpenSharedDb(Workstation&, QString&, bool& verify) {
     verify = false;
 }

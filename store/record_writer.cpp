@@ -1,0 +1,269 @@
+// SaveKWData: the newest packet becomes one row of the job, in one
+// transaction of its own.
+//
+// The connection. The row is written on a connection of the writer's own,
+// never the shared one, so a long job holding the shared set does not stop
+// the live data. That connection is kept between rows rather than opened for
+// each one: a row every six seconds would not notice the cost, but a bulk
+// feed (the demonstration job, a replay) would, and what anyone can see is
+// the same, because the connection is opened again whenever the text of
+// txt_db_path names another path or another file (a save-as or a compact
+// puts a new file under the same name), and dropped after any failure, which
+// rolls back what was open just as a close would.
+//
+// One case never waits: when a long job of this program holds the file's
+// write lock (it is inside a transaction and let the event loop run), the
+// writer could only wait for a lock that is released after it returns. The
+// row then goes into that job's transaction as a nested one, and is committed
+// with it.
+#include "store/record_writer.h"
+
+#include "acquisition/live_fields.h"
+#include "acquisition/workstation.h"
+#include "store/file_id.h"
+#include "store/schema.h"
+#include "text/datetime.h"
+#include "text/numbers.h"
+
+namespace store {
+
+namespace {
+
+using namespace acq;
+
+// How a column of step 9 gets its value.
+enum class From {
+    Id,          // NextRecordId
+    Text,        // the field as it is
+    Date,        // date of DATE + " " + OMBRITIME
+    Val,         // Val of the field
+    Alternating, // Val of the first field, or of the second + 10000
+};
+
+struct PacketColumn {
+    const char* column;
+    From from;
+    int field;
+    int second = -1; // the second quantity of an alternating pair
+};
+
+// Step 9, in the order the columns are set; the step counter follows it.
+constexpr PacketColumn kPacketColumns[] = {
+    {"ID", From::Id, -1},
+    {"SERIAL_NUM", From::Text, SERIALNUM},
+    {"DATE_TXT", From::Text, DATE},
+    {"TIME_TXT", From::Text, OMBRITIME},
+    {"DT", From::Date, -1},
+    {"DEPTH", From::Val, DEPTH},
+    {"DEPTH_RAW", From::Val, DEPTH},
+    {"GAS_UNITS", From::Val, GASUNITS},
+    {"O2", From::Val, O2},
+    {"CO2", From::Val, CO2},
+    {"ATTEN", From::Val, ATTEN},
+    {"TEMP", From::Alternating, TEMP, HRMTEMP},
+    {"MIN_FT", From::Val, MINFT},
+    {"FT_HR", From::Val, FTHR},
+    {"LPH", From::Val, LPH},
+    {"SAMPLEVAC", From::Alternating, SAMPLEVAC, EXHPRS},
+    {"VOLTS", From::Alternating, VOLTS, ACVOLTS},
+    {"LOWGUV", From::Val, LOWGUV},
+    {"HIGHGUV", From::Val, HIGHGUV},
+    {"CGTESTNUM", From::Val, CGTESTNUM},
+    {"CGV", From::Val, CGV},
+    {"H2SV", From::Val, H2SV},
+    {"H2S", From::Val, H2S},
+    {"EXT_AMPS", From::Val, EXTAMPS},
+    {"CHROM_VAC", From::Alternating, CHROMVAC, COLTEMP},
+    // The text of the field, not its Val: the column converts it, and text
+    // that is no number fails the row here.
+    {"PACKET_NUM", From::Text, PACKETNUM},
+    {"C1", From::Val, C1},
+    {"C2", From::Val, C2},
+    {"C3", From::Val, C3},
+    {"IC4", From::Val, IC4},
+    {"NC4", From::Val, NC4},
+    {"IC5", From::Val, IC5},
+    {"NC5", From::Val, NC5},
+};
+
+// Step 17: the WITS columns by slot.
+struct WitsColumn {
+    const char* column;
+    int slot;
+};
+constexpr WitsColumn kWitsColumns[] = {
+    {"INCLINATION", 15}, {"AZIMUTH", 16}, {"GAMMA_LAG", 20}, {"GAMMA", 21},
+    {"KW7001", 22},      {"KW7003", 23},  {"KW7005", 24},    {"KW7007", 25},
+};
+
+// Step counter marks of the handler: below kCommitStep the row is rolled back.
+constexpr int kUpdateStep = 52;
+constexpr int kCommitStep = 53;
+
+bool SameSecond(const QDateTime& a, const QDateTime& b) {
+    return a.isValid() && b.isValid() && a.date() == b.date() &&
+           a.time().msecsSinceStartOfDay() / 1000 == b.time().msecsSinceStartOfDay() / 1000;
+}
+
+// The connection the row goes through (see the top of the file).
+Database WriterConnection(Workstation& ws, bool& nested) {
+    auto& st = ws.db;
+    const QString path = ws.fm_Gas_Chart.txt_db_path.text();
+    if (auto holder = Connection::WriteHolder(path)) {
+        nested = true;
+        return Database(holder);
+    }
+    nested = false;
+    const uint64_t id = FileId(path);
+    if (st.writerDb.isOpen() && st.writerPath == path && id != 0 && id == st.writerFileId)
+        return st.writerDb;
+    st.writerDb.Close();
+    st.writerDb = OpenDatabase(path);
+    st.writerPath = path;
+    st.writerFileId = id;
+    return st.writerDb;
+}
+
+} // namespace
+
+void SaveKWData(Workstation& ws) {
+    auto& rt = ws.rt;
+    auto& st = ws.db;
+    auto& f = rt.Gombri_data_array;
+
+    // 1-2. The packet's time.
+    const auto d = text::ParseDateTime(f[DATE] + " " + f[OMBRITIME]);
+    if (!d) {
+        disply_text_alarms(ws, "Invalid time or date from Ombri " + f[DATE] + " " + f[OMBRITIME]);
+        return;
+    }
+    // 3. Only the one record before is compared.
+    if (SameSecond(*d, st.LastRecordTime)) {
+        disply_text_alarms(ws,
+                           "Duplacate Time/Date Blocked: " + text::GeneralDate(st.LastRecordTime));
+        return;
+    }
+    // 4. The time has moved even if the next checks refuse the packet.
+    st.LastRecordTime = *d;
+    // 5-6. The texts name the fields rather than show them.
+    if (f[SERIALNUM].size() >= 21) {
+        f[SERIALNUM] = " ";
+        disply_text_alarms(ws, QStringLiteral(R"("Incoming data serial number data err " & )"
+                                              R"(Gombri_data_array(SERIALNUM) & " ")"));
+        return;
+    }
+    if (f[OMBRITIME].size() < 5) {
+        disply_text_alarms(ws, QStringLiteral(R"("Incoming Data Time err " & )"
+                                              R"(Gombri_data_array(OMBRITIME) & " ")"));
+        return;
+    }
+
+    int pt = 0;
+    bool began = false;
+    bool nested = false;
+    Database db;
+    Recordset rs;
+    try {
+        // 7. Append only: the row is added, nothing is read.
+        db = WriterConnection(ws, nested);
+        rs = db.OpenRecordset(RecordQuery(rt.Gtable_name), RecordsetType::AppendOnly);
+        // 8.
+        pt = 1;
+        db.BeginTrans();
+        began = true;
+        pt = 2;
+        rs.AddNew();
+        st.NextRecordId += 1;
+
+        // 9-10.
+        for (const PacketColumn& c : kPacketColumns) {
+            ++pt;
+            switch (c.from) {
+            case From::Id:
+                rs.SetField(c.column, st.NextRecordId);
+                break;
+            case From::Text:
+                rs.SetField(c.column, f[c.field]);
+                break;
+            case From::Date:
+                rs.SetField(c.column, *text::ParseDateTime(f[DATE] + " " + f[OMBRITIME]));
+                break;
+            case From::Val:
+                rs.SetField(c.column, text::Val(f[c.field]));
+                break;
+            case From::Alternating:
+                rs.SetField(c.column, st.WritePrimaryDiag ? text::Val(f[c.field])
+                                                          : text::Val(f[c.second]) + 10000);
+                // The pair flips once a row, where its last column is set.
+                if (c.field == CHROMVAC) st.WritePrimaryDiag = !st.WritePrimaryDiag;
+                break;
+            }
+        }
+
+        // 11. A first TOTAL_SPM; step 14 always overwrites it.
+        ++pt;
+        rs.SetField("TOTAL_SPM", rt.Gwits_alive > 0 ? text::Int(rt.Gspm)
+                                 : rt.Gpumps_manual ? 100.0
+                                                    : 0.0);
+        // 12.
+        ++pt;
+        rs.SetField("BIT_DEPTH", rt.Gwits_values[0]);
+        // 13. Gas taken while the sample line could not be trusted is marked.
+        ++pt;
+        rs.SetField("ERR_TXT", rt.Gline_lag_ok ? f[ERRTXT] : f[ERRTXT] + " *");
+        // 14. A sum out of range keeps the last rate.
+        const double s = rt.Gwits_values[8] + rt.Gwits_values[9] + rt.Gwits_values[10];
+        if (s > -1 && s < 900) rt.Gspm = s;
+        ++pt;
+        rs.SetField("TOTAL_SPM", text::Int(rt.Gspm));
+        // 15. A packet counts as six seconds: a tenth of a minute's strokes,
+        // the fraction lost.
+        rt.Gtotal_strokes = text::Int(rt.Gspm / 10 + rt.Gtotal_strokes);
+        // 16.
+        ++pt;
+        rs.SetField("TOTAL_STROKES", rt.Gtotal_strokes);
+        // 17.
+        for (const WitsColumn& w : kWitsColumns) {
+            ++pt;
+            rs.SetField(w.column, rt.Gwits_values[w.slot]);
+        }
+        // 18.
+        pt = kUpdateStep;
+        rs.Update();
+        pt = kCommitStep;
+        db.CommitTrans();
+        pt = kCommitStep + 1;
+        // 19.
+        rs.Close();
+    } catch (const std::exception& e) {
+        const auto* dbe = dynamic_cast<const DbError*>(&e);
+        const int number = dbe ? dbe->number() : 0;
+        rt.Gdb_error = true;
+        if (number == err::DuplicateKey)
+            disply_text_alarms(ws,
+                               "DB Write Err: Duplacate packet numbers found in the data base.");
+        else
+            disply_text_alarms(
+                ws, "DB Write Err: " + (dbe ? dbe->description() : QString::fromUtf8(e.what())) +
+                        " " + QString::number(number) + "  Err point: " + QString::number(pt));
+        // Up to and including Update the row is taken back; a failed commit
+        // is not, the engine has already ended that transaction or the close
+        // below ends it.
+        if (began && pt < kCommitStep) {
+            try {
+                db.Rollback();
+            } catch (const std::exception&) {
+                // The close below rolls back whatever is still open.
+            }
+        }
+        rs.Close();
+        if (!nested) st.writerDb.Close();
+        return;
+    }
+
+    // 20.
+    st.RecordCount += 1;
+    parse_err_str(ws);
+}
+
+} // namespace store

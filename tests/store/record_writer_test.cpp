@@ -1,0 +1,287 @@
+// The record writer on a real job file: what goes into each column, the
+// checks that refuse a packet, the running pump figures, and the handler.
+#include "station.h"
+#include "store/record_writer.h"
+
+#include <gtest/gtest.h>
+
+using store::SaveKWData;
+using storetest::RawDb;
+using storetest::Station;
+
+TEST(RecordWriter, APacketBecomesOneRowColumnByColumn) {
+    Station s;
+    auto& rt = s.ws.rt;
+    rt.Gwits_alive = 30;
+    for (int slot = 0; slot < acq::kWitsSlots; ++slot) rt.Gwits_values[slot] = 1000 + slot;
+    rt.Gwits_values[8] = 40;
+    rt.Gwits_values[9] = 30.5;
+    rt.Gwits_values[10] = 25;
+    s.ws.db.RecordCount = 7;
+    s.packet(12);
+    rt.Gombri_data_array[acq::ERRTXT] = "3 ";
+    SaveKWData(s.ws);
+
+    ASSERT_EQ(s.rows(), 1);
+    RawDb raw(s.job);
+    // Text columns as received, the date in ISO form, numbers by Val.
+    const QString row = raw.value(
+        "SELECT ID||'|'||PACKET_NUM||'|'||SERIAL_NUM||'|'||DATE_TXT||'|'||TIME_TXT||'|'||DT||'|'||"
+        "DEPTH||'|'||DEPTH_RAW||'|'||GAS_UNITS||'|'||O2||'|'||CO2||'|'||ATTEN||'|'||MIN_FT||'|'||"
+        "FT_HR||'|'||LPH||'|'||LOWGUV||'|'||HIGHGUV||'|'||CGTESTNUM||'|'||CGV||'|'||H2SV||'|'||"
+        "H2S||'|'||EXT_AMPS||'|'||C1||'|'||C2||'|'||C3||'|'||IC4||'|'||NC4||'|'||IC5||'|'||NC5 "
+        "FROM OMBRI_DB_010");
+    EXPECT_EQ(row, "2|12|KW1042|11/01/2026|06:01:12|2026-11-01 06:01:12|3.5|3.5|4.5|5.5|6.5|7.5|"
+                   "9.5|10.5|11.5|14.5|15.5|16.5|17.5|18.5|19.5|25.5|29.5|30.5|31.5|32.5|33.5|"
+                   "38.5|39.5");
+    // The first quantities of the four pairs on this row.
+    EXPECT_EQ(
+        raw.value("SELECT TEMP||' '||SAMPLEVAC||' '||VOLTS||' '||CHROM_VAC FROM OMBRI_DB_010"),
+        "8.5 12.5 13.5 27.5");
+    EXPECT_EQ(raw.value("SELECT typeof(PACKET_NUM)||' '||typeof(ID) FROM OMBRI_DB_010"),
+              "integer integer");
+    // WITS: bit depth, the pump rate total truncated, the stroke total, the
+    // survey, gamma and the custom channels.
+    EXPECT_EQ(raw.value("SELECT BIT_DEPTH||' '||TOTAL_SPM||' '||TOTAL_STROKES||' '||INCLINATION||' "
+                        "'||AZIMUTH||' '||GAMMA_LAG||' '||GAMMA||' '||KW7001||' '||KW7003||' '||"
+                        "KW7005||' '||KW7007 FROM OMBRI_DB_010"),
+              "1000.0 95.0 9.0 1015.0 1016.0 1020.0 1021.0 1022.0 1023.0 1024.0 1025.0");
+    EXPECT_EQ(s.column(12, "ERR_TXT"), "3 ");
+    // Lagging and the notes come later.
+    EXPECT_EQ(
+        raw.value("SELECT coalesce(LAG_GU, DATA1, TEXT1, GAS_TEXT, 'none') FROM OMBRI_DB_010"),
+        "none");
+
+    EXPECT_EQ(s.ws.db.NextRecordId, 2);
+    EXPECT_EQ(s.ws.db.RecordCount, 8);
+    EXPECT_DOUBLE_EQ(rt.Gspm, 95.5);
+    EXPECT_FALSE(rt.Gdb_error);
+    // The alarm text was handed on.
+    EXPECT_EQ(rt.Glast_alarm_text, "3 ");
+    EXPECT_TRUE(s.messages().isEmpty());
+}
+
+TEST(RecordWriter, TheDiagnosticPairsAlternateAndOnlyWrittenRowsFlipThem) {
+    Station s;
+    s.packet(1);
+    SaveKWData(s.ws);
+    // Same time again: refused before any column is set.
+    s.packet(2);
+    s.ws.rt.Gombri_data_array[acq::OMBRITIME] = "06:00:06";
+    SaveKWData(s.ws);
+    SaveKWData(s.ws);
+    EXPECT_EQ(s.rows(), 1);
+    s.packet(2);
+    SaveKWData(s.ws);
+    s.packet(3);
+    SaveKWData(s.ws);
+    ASSERT_EQ(s.rows(), 3);
+    EXPECT_EQ(s.column(1, "TEMP||' '||SAMPLEVAC||' '||VOLTS||' '||CHROM_VAC"),
+              "8.5 12.5 13.5 27.5");
+    EXPECT_EQ(s.column(2, "TEMP||' '||SAMPLEVAC||' '||VOLTS||' '||CHROM_VAC"),
+              "10026.5 10034.5 10023.5 10035.5");
+    EXPECT_EQ(s.column(3, "TEMP||' '||SAMPLEVAC||' '||VOLTS||' '||CHROM_VAC"),
+              "8.5 12.5 13.5 27.5");
+    EXPECT_FALSE(s.ws.db.WritePrimaryDiag);
+}
+
+TEST(RecordWriter, DateAndTimeChecksRefuseThePacketWithTheirMessages) {
+    Station s;
+    const auto& last = s.ws.db.LastRecordTime;
+    auto& f = s.ws.rt.Gombri_data_array;
+
+    s.packet(1);
+    f[acq::DATE] = "13/45/2026";
+    SaveKWData(s.ws);
+    EXPECT_EQ(s.lastMessage(), "Invalid time or date from Ombri 13/45/2026 06:00:06");
+    EXPECT_FALSE(last.isValid());
+
+    s.packet(1);
+    SaveKWData(s.ws);
+    s.packet(2);
+    f[acq::OMBRITIME] = "06:00:06";
+    SaveKWData(s.ws);
+    EXPECT_EQ(s.lastMessage(), "Duplacate Time/Date Blocked: 11/01/2026 06:00:06");
+    s.packet(3);
+    SaveKWData(s.ws);
+    EXPECT_EQ(s.rows(), 2);
+
+    // A time of four characters converts, moves the last time, and is still
+    // refused; the same text next is a duplicate, a proper one is stored.
+    s.packet(4);
+    f[acq::OMBRITIME] = "7:00";
+    SaveKWData(s.ws);
+    EXPECT_EQ(s.lastMessage(), R"("Incoming Data Time err " & Gombri_data_array(OMBRITIME) & " ")");
+    EXPECT_EQ(last, QDateTime(QDate(2026, 11, 1), QTime(7, 0)));
+    SaveKWData(s.ws);
+    EXPECT_EQ(s.lastMessage(), "Duplacate Time/Date Blocked: 11/01/2026 07:00:00");
+    f[acq::OMBRITIME] = "07:00:06";
+    SaveKWData(s.ws);
+    EXPECT_EQ(s.rows(), 3);
+}
+
+TEST(RecordWriter, ASerialNumberOfTwentyCharactersIsKeptAndOneMoreIsRefused) {
+    Station s;
+    auto& f = s.ws.rt.Gombri_data_array;
+    s.packet(1);
+    f[acq::SERIALNUM] = QString(20, 'S');
+    SaveKWData(s.ws);
+    EXPECT_EQ(s.column(1, "SERIAL_NUM"), QString(20, 'S'));
+
+    s.packet(2);
+    f[acq::SERIALNUM] = QString(21, 'S');
+    SaveKWData(s.ws);
+    EXPECT_EQ(s.rows(), 1);
+    EXPECT_EQ(f[acq::SERIALNUM], " ");
+    EXPECT_EQ(s.lastMessage(),
+              R"("Incoming data serial number data err " & Gombri_data_array(SERIALNUM) & " ")");
+    // The time moved all the same.
+    EXPECT_EQ(s.ws.db.LastRecordTime, QDateTime(QDate(2026, 11, 1), QTime(6, 0, 12)));
+}
+
+TEST(RecordWriter, PumpRatesAndTheStrokeTotalFollowTheirRules) {
+    Station s;
+    auto& rt = s.ws.rt;
+    int n = 0;
+    auto row = [&] {
+        s.packet(++n);
+        SaveKWData(s.ws);
+        return s.column(n, "TOTAL_SPM||' '||TOTAL_STROKES");
+    };
+    // 95 strokes a minute: 9.5 a row, the half lost each time.
+    rt.Gwits_values[8] = 95;
+    EXPECT_EQ(row(), "95.0 9.0");
+    EXPECT_EQ(row(), "95.0 18.0");
+    // 900 and -1 are out of range: the last rate stays.
+    rt.Gwits_values[8] = 900;
+    EXPECT_EQ(row(), "95.0 27.0");
+    rt.Gwits_values[8] = 0;
+    rt.Gwits_values[10] = -1;
+    EXPECT_EQ(row(), "95.0 36.0");
+    rt.Gwits_values[10] = 0;
+    rt.Gwits_values[9] = 899.9;
+    EXPECT_EQ(row(), "899.0 125.0");
+    // No pumps: the total stands still, manual pumps or not.
+    rt.Gwits_values[9] = 0;
+    rt.Gpumps_manual = true;
+    EXPECT_EQ(row(), "0.0 125.0");
+    EXPECT_EQ(row(), "0.0 125.0");
+    EXPECT_EQ(rt.Gtotal_strokes, 125);
+}
+
+TEST(RecordWriter, GasTakenWhileTheLineLagRunsIsMarked) {
+    Station s;
+    s.ws.rt.Gline_lag_ok = false;
+    s.packet(1);
+    s.ws.rt.Gombri_data_array[acq::ERRTXT] = "12";
+    SaveKWData(s.ws);
+    EXPECT_EQ(s.column(1, "ERR_TXT"), "12 *");
+}
+
+TEST(RecordWriter, ARepeatedPacketNumberIsRolledBackAndRaisesTheErrorFlag) {
+    Station s;
+    auto& rt = s.ws.rt;
+    s.packet(1);
+    SaveKWData(s.ws);
+    rt.Gwits_values[8] = 100;
+    s.packet(2);
+    rt.Gombri_data_array[acq::PACKETNUM] = "1";
+    rt.Gombri_data_array[acq::ERRTXT] = "5 ";
+    SaveKWData(s.ws);
+    EXPECT_EQ(s.lastMessage(), "DB Write Err: Duplacate packet numbers found in the data base.");
+    EXPECT_TRUE(rt.Gdb_error);
+    EXPECT_EQ(s.rows(), 1);
+    // What the steps moved stays moved; the row count and the alarm text do not.
+    EXPECT_EQ(s.ws.db.NextRecordId, 3);
+    EXPECT_TRUE(s.ws.db.WritePrimaryDiag);
+    EXPECT_EQ(rt.Gtotal_strokes, 10);
+    EXPECT_EQ(s.ws.db.RecordCount, 1);
+    EXPECT_EQ(rt.Glast_alarm_text, "0 ");
+
+    // The next packet goes in as usual.
+    rt.Gdb_error = false;
+    s.packet(3);
+    SaveKWData(s.ws);
+    EXPECT_EQ(s.rows(), 2);
+    EXPECT_EQ(s.column(3, "ID"), "4");
+    EXPECT_FALSE(rt.Gdb_error);
+}
+
+TEST(RecordWriter, AFailedColumnNamesItsStepAndLeavesNoHalfRow) {
+    Station s;
+    s.packet(1);
+    s.ws.rt.Gombri_data_array[acq::PACKETNUM] = " ";
+    SaveKWData(s.ws);
+    // PACKET_NUM is the 26th column set, after BeginTrans and AddNew.
+    EXPECT_EQ(s.lastMessage(), "DB Write Err: Data type conversion error 3421  Err point: 28");
+    EXPECT_TRUE(s.ws.rt.Gdb_error);
+    EXPECT_EQ(s.rows(), 0);
+    // The flip at CHROM_VAC had happened before the failure.
+    EXPECT_FALSE(s.ws.db.WritePrimaryDiag);
+
+    // A missing file is not created by the writer.
+    s.ws.fm_Gas_Chart.txt_db_path.setText(s.folder.file("DB_CUE/GONE.DB"));
+    s.packet(2);
+    SaveKWData(s.ws);
+    EXPECT_TRUE(s.lastMessage().startsWith("DB Write Err: Could not find or open the file"));
+    EXPECT_TRUE(s.lastMessage().endsWith(" 3024  Err point: 0"));
+    EXPECT_FALSE(s.folder.exists("DB_CUE/GONE.DB"));
+}
+
+TEST(RecordWriter, RowsFollowThePathAndTheFileUnderIt) {
+    Station s;
+    s.packet(1);
+    SaveKWData(s.ws);
+    // Another file is put in place under the same name, as a compact does:
+    // the next row goes into it, not into the old one.
+    const QString fresh = s.folder.file("DB_CUE/FRESH.DB");
+    storetest::MakeJob(fresh);
+    ASSERT_TRUE(store::PutJobFileInPlace(fresh, s.job));
+    s.packet(2);
+    SaveKWData(s.ws);
+    EXPECT_EQ(s.rows(), 1);
+    EXPECT_EQ(s.column(2, "PACKET_NUM"), "2");
+
+    const QString other = s.folder.file("DB_CUE/OTHER.DB");
+    storetest::MakeJob(other);
+    s.ws.fm_Gas_Chart.txt_db_path.setText(other);
+    s.packet(3);
+    SaveKWData(s.ws);
+    RawDb raw(other);
+    EXPECT_EQ(raw.value("SELECT group_concat(PACKET_NUM) FROM OMBRI_DB_010"), "3");
+    EXPECT_EQ(s.rows(), 1);
+}
+
+TEST(RecordWriter, ALongJobHoldingTheWriteLockDoesNotCostALiveRow) {
+    Station s;
+    s.packet(1);
+    SaveKWData(s.ws);
+    // A long job of this program edits inside a transaction and lets the
+    // loop run: the live row must neither wait nor fail.
+    store::Database job = store::OpenDatabase(s.job);
+    store::Recordset rs = job.OpenRecordset(store::RecordQuery(store::kRecordTable));
+    job.BeginTrans();
+    rs.Edit();
+    rs.SetField("LAG_GU", 4321.0);
+    rs.Update();
+    s.packet(2);
+    SaveKWData(s.ws);
+    EXPECT_FALSE(s.ws.rt.Gdb_error);
+    EXPECT_EQ(job.TransactionLevel(), 1);
+    job.CommitTrans();
+    EXPECT_EQ(s.rows(), 2);
+    EXPECT_EQ(s.column(1, "LAG_GU"), "4321.0");
+
+    // A failed live row inside such a job takes back only itself.
+    job.BeginTrans();
+    rs.Edit();
+    rs.SetField("LAG_GU", 1.0);
+    rs.Update();
+    s.packet(3);
+    s.ws.rt.Gombri_data_array[acq::PACKETNUM] = "2";
+    SaveKWData(s.ws);
+    EXPECT_TRUE(s.ws.rt.Gdb_error);
+    job.CommitTrans();
+    EXPECT_EQ(s.rows(), 2);
+    EXPECT_EQ(s.column(1, "LAG_GU"), "1.0");
+}
