@@ -1,0 +1,194 @@
+// The lag zones between the job file and the setup panel, on real job files.
+// What is in the file is checked with SQLite itself, not through the store.
+#include "config_fixture.h"
+#include "depth/lag.h"
+#include "store/schema.h"
+
+#include <sqlite3.h>
+
+using cfgtest::Station;
+
+namespace {
+
+// Rows of LagPara in zone order, each as its six values joined by blanks.
+QStringList LagRows(const QString& path) {
+    sqlite3* db = nullptr;
+    QStringList out;
+    if (sqlite3_open_v2(path.toUtf8().constData(), &db, SQLITE_OPEN_READONLY, nullptr) !=
+        SQLITE_OK) {
+        sqlite3_close(db);
+        return {"cannot open"};
+    }
+    sqlite3_stmt* st = nullptr;
+    const char* sql = "SELECT ZoneNumber, StartDepth, EndDepth, StrPer100Ft, MinPer100Ft, "
+                      "Selection FROM LagPara ORDER BY ZoneNumber";
+    if (sqlite3_prepare_v2(db, sql, -1, &st, nullptr) != SQLITE_OK) {
+        sqlite3_close(db);
+        return {"no table"};
+    }
+    while (sqlite3_step(st) == SQLITE_ROW) {
+        QStringList row;
+        for (int c = 0; c < 6; ++c) row << QString::number(sqlite3_column_double(st, c));
+        out << row.join(' ');
+    }
+    sqlite3_finalize(st);
+    sqlite3_close(db);
+    return out;
+}
+
+void Exec(const QString& path, const char* sql) {
+    sqlite3* db = nullptr;
+    ASSERT_EQ(sqlite3_open(path.toUtf8().constData(), &db), SQLITE_OK);
+    char* msg = nullptr;
+    EXPECT_EQ(sqlite3_exec(db, sql, nullptr, nullptr, &msg), SQLITE_OK) << (msg ? msg : "");
+    sqlite3_free(msg);
+    sqlite3_close(db);
+}
+
+struct Job : Station {
+    QString path = folder.file("JOB.DB");
+    Job() {
+        ws.fm_Gas_Chart.txt_db_path.setText(path);
+        ws.rt.Gstarting_up = false;
+    }
+    // A job file with the record table only, as a file made before the lag
+    // zones were kept would be.
+    void makeWithoutLagTable() const {
+        store::Database db = store::OpenDatabase(path, store::OpenMode::Create);
+        store::CreateRecordTable(db, store::kRecordTable);
+        db.Close();
+    }
+    QString message() const { return ws.fm_Gas_Chart.txt_message.text(); }
+};
+
+} // namespace
+
+TEST(LagTable, ANewFileGetsSixRowsThatLagByTimePerDepth) {
+    Job job;
+    job.makeWithoutLagTable();
+    depth::CreateLagTable(job.ws);
+    EXPECT_EQ(job.message(), "");
+    EXPECT_EQ(LagRows(job.path),
+              QStringList({"1 1 30000 110 0.6 1", "2 0 0 110 0.6 1", "3 0 0 110 0.6 1",
+                           "4 0 0 110 0.6 1", "5 0 0 110 0.6 1", "6 0 0 110 0.6 1"}));
+
+    // Read into a panel whose method was strokes: the table's rows win.
+    job.ws.fm_setup.op_lag_calc_Time.setValue(0);
+    job.ws.fm_setup.op_lag_calc_Str.setValue(1);
+    depth::ReadLagTable(job.ws);
+    const auto& p = job.ws.fm_setup;
+    EXPECT_EQ(p.txt_Lag_Start_Depth[1].text(), "1");
+    EXPECT_EQ(p.txt_Lag_End_Depth[1].text(), "30000");
+    EXPECT_EQ(p.txt_lag_min[1].text(), "0.6"); // the table's own default, not the panel's
+    EXPECT_EQ(p.txt_str_per_100ft[6].text(), "110");
+    EXPECT_EQ(p.txt_Lag_Start_Depth[4].text(), "0");
+    EXPECT_TRUE(p.op_lag_calc_Time.checked());
+    EXPECT_FALSE(p.op_lag_calc_Str.checked());
+    EXPECT_EQ(job.message(), "");
+}
+
+TEST(LagTable, AFileThatHasTheTableKeepsItsRowsWithoutAMessage) {
+    Job job;
+    store::MakeBlankJob(job.path, store::kRecordTable);
+    Exec(job.path, "UPDATE LagPara SET StartDepth = 4000, StrPer100Ft = 95, Selection = 0 "
+                   "WHERE ZoneNumber = 2");
+    const QStringList before = LagRows(job.path);
+    depth::CreateLagTable(job.ws);
+    EXPECT_EQ(LagRows(job.path), before);
+    EXPECT_EQ(job.message(), "");
+    EXPECT_EQ(job.folder.read("ERR_LOG.TXT"), "");
+
+    depth::ReadLagTable(job.ws);
+    EXPECT_EQ(job.ws.fm_setup.txt_Lag_Start_Depth[2].text(), "4000");
+    EXPECT_EQ(job.ws.fm_setup.txt_str_per_100ft[2].text(), "95");
+    // Zone 2 said strokes, but the last row read decides: time.
+    EXPECT_TRUE(job.ws.fm_setup.op_lag_calc_Time.checked());
+}
+
+TEST(LagTable, ThePanelGoesBackToTheFileAndTextThatIsNoNumberIsStoredAsZero) {
+    Job job;
+    store::MakeBlankJob(job.path, store::kRecordTable);
+    auto& p = job.ws.fm_setup;
+    const char* const starts[7] = {"", "1", "2500", "abc", "", "7000.5", "8000"};
+    for (int i = 1; i <= 6; ++i) {
+        p.txt_Lag_Start_Depth[i].setText(starts[i]);
+        p.txt_Lag_End_Depth[i].setText(QString::number(i * 1000));
+        p.txt_str_per_100ft[i].setText(QString::number(100 + i));
+        p.txt_lag_min[i].setText(i == 5 ? "x1.5" : "1.8");
+    }
+    p.op_lag_calc_Time.setValue(0);
+    p.op_lag_calc_Str.setValue(1);
+    depth::WriteLagTable(job.ws);
+    EXPECT_EQ(job.message(), "");
+    EXPECT_EQ(LagRows(job.path), QStringList({"1 1 1000 101 1.8 0", "2 2500 2000 102 1.8 0",
+                                              "3 0 3000 103 1.8 0", "4 0 4000 104 1.8 0",
+                                              "5 7000.5 5000 105 0 0", "6 8000 6000 106 1.8 0"}));
+
+    // And a fresh panel reads it back.
+    Job other;
+    other.ws.fm_Gas_Chart.txt_db_path.setText(job.path);
+    depth::ReadLagTable(other.ws);
+    EXPECT_EQ(other.ws.fm_setup.txt_Lag_Start_Depth[5].text(), "7000.5");
+    EXPECT_EQ(other.ws.fm_setup.txt_lag_min[5].text(), "0");
+    EXPECT_TRUE(other.ws.fm_setup.op_lag_calc_Str.checked());
+    EXPECT_FALSE(other.ws.fm_setup.op_lag_calc_Time.checked());
+}
+
+TEST(LagTable, FewerThanSixRowsLeaveTheOtherPanelRowsAsTheyWere) {
+    Job job;
+    store::MakeBlankJob(job.path, store::kRecordTable);
+    Exec(job.path, "DELETE FROM LagPara WHERE ZoneNumber > 3");
+    Exec(job.path, "UPDATE LagPara SET MinPer100Ft = 2.2 WHERE ZoneNumber = 3");
+    auto& p = job.ws.fm_setup;
+    p.txt_lag_min[4].setText("9.9");
+    p.txt_Lag_Start_Depth[6].setText("12000");
+    depth::ReadLagTable(job.ws);
+    EXPECT_EQ(p.txt_lag_min[3].text(), "2.2");
+    EXPECT_EQ(p.txt_lag_min[4].text(), "9.9");
+    EXPECT_EQ(p.txt_Lag_Start_Depth[6].text(), "12000");
+    EXPECT_EQ(p.txt_lag_min[5].text(), "1.8");
+
+    // Written back, only the three rows there are change.
+    p.txt_lag_min[2].setText("3.3");
+    depth::WriteLagTable(job.ws);
+    EXPECT_EQ(LagRows(job.path),
+              QStringList({"1 1 30000 110 0.6 1", "2 0 0 110 3.3 1", "3 0 0 110 2.2 1"}));
+}
+
+TEST(LagTable, FailuresSayWhichRoutineAndLoseNothing) {
+    Job job;
+    // No file at all.
+    job.ws.fm_Gas_Chart.txt_db_path.setText(job.folder.file("NOWHERE.DB"));
+    depth::CreateLagTable(job.ws);
+    EXPECT_TRUE(job.message().contains("Create Lag Table Err: ")) << job.message().toStdString();
+    EXPECT_FALSE(job.folder.exists("NOWHERE.DB"));
+    depth::ReadLagTable(job.ws);
+    EXPECT_TRUE(job.message().contains("Read Lag Table Err: "));
+    EXPECT_EQ(job.ws.fm_setup.txt_lag_min[1].text(), "1.8"); // the panel keeps its defaults
+    depth::WriteLagTable(job.ws);
+    EXPECT_TRUE(job.message().contains("Write Lag Table Err: "));
+
+    // A file that is no job file is left as it was.
+    const QString junk = job.folder.file("JUNK.DB");
+    {
+        QFile f(junk);
+        ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+        f.write(QByteArray(4096, 'j'));
+    }
+    job.ws.fm_Gas_Chart.txt_db_path.setText(junk);
+    depth::WriteLagTable(job.ws);
+    EXPECT_TRUE(job.message().contains("Write Lag Table Err: "));
+    QFile f(junk);
+    ASSERT_TRUE(f.open(QIODevice::ReadOnly));
+    EXPECT_EQ(f.readAll(), QByteArray(4096, 'j'));
+
+    // A zone number the panel has no row for ends the read with a message;
+    // the rows before it are in.
+    store::MakeBlankJob(job.path, store::kRecordTable);
+    Exec(job.path, "UPDATE LagPara SET ZoneNumber = 9, StartDepth = 1 WHERE ZoneNumber = 6");
+    Exec(job.path, "UPDATE LagPara SET StartDepth = 777 WHERE ZoneNumber = 5");
+    job.ws.fm_Gas_Chart.txt_db_path.setText(job.path);
+    depth::ReadLagTable(job.ws);
+    EXPECT_TRUE(job.message().contains("Read Lag Table Err: "));
+    EXPECT_EQ(job.ws.fm_setup.txt_Lag_Start_Depth[5].text(), "777");
+}
