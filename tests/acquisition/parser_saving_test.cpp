@@ -1,0 +1,118 @@
+// When a packet becomes a row of a real job file: at the "*" line, or at the
+// "^" block behind it when WITS comes relayed by the instrument.
+#include "acq_fixture.h"
+
+#include "store/schema.h"
+
+#include <QDir>
+#include <sqlite3.h>
+
+using acqtest::AcqTest;
+using acqtest::Packet;
+
+namespace {
+
+class ParserSaving : public AcqTest {
+  protected:
+    QString job = folder.file("DB_CUE/JOB.DB");
+
+    void SetUp() override {
+        QDir().mkpath(folder.file("DB_CUE"));
+        store::MakeBlankJob(job, store::kRecordTable);
+        ws.fm_Gas_Chart.txt_db_path.setText(job);
+    }
+    // Packet n at 06:00:00 plus six seconds a packet, at depth 1000 + n.
+    static QString Numbered(int n, const QString& alarm = "0 ") {
+        const QTime t = QTime(6, 0, 0).addSecs(6 * n);
+        return Packet({{0, "KW9"},
+                       {1, "11/01/2026"},
+                       {2, t.toString("HH:mm:ss")},
+                       {3, QString::number(1000 + n)},
+                       {20, alarm},
+                       {28, QString::number(n)}});
+    }
+    static QString Block(const QString& items) { return "^a,b,c,d,e," + items + "\r\n"; }
+
+    // The first column of the first row of a query on the job, as text.
+    QString value(const QString& sql) {
+        sqlite3* db = nullptr;
+        QString out;
+        if (sqlite3_open_v2(job.toUtf8().constData(), &db, SQLITE_OPEN_READONLY, nullptr) ==
+            SQLITE_OK) {
+            sqlite3_stmt* s = nullptr;
+            if (sqlite3_prepare_v2(db, sql.toUtf8().constData(), -1, &s, nullptr) == SQLITE_OK &&
+                sqlite3_step(s) == SQLITE_ROW && sqlite3_column_type(s, 0) != SQLITE_NULL)
+                out = QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(s, 0)));
+            sqlite3_finalize(s);
+        }
+        sqlite3_close(db);
+        return out;
+    }
+    int rows() { return value("SELECT count(*) FROM OMBRI_DB_010").toInt(); }
+    QString packets() {
+        return value("SELECT group_concat(PACKET_NUM, ' ') FROM (SELECT PACKET_NUM FROM "
+                     "OMBRI_DB_010 ORDER BY PACKET_NUM)");
+    }
+};
+
+TEST_F(ParserSaving, WithoutWitsEveryPacketIsSavedAtItsLine) {
+    ws.rt.Gwits_alive = 0;
+    parse(Numbered(1));
+    parse(Numbered(2));
+    EXPECT_EQ(packets(), "1 2");
+    EXPECT_EQ(value("SELECT DEPTH FROM OMBRI_DB_010 WHERE PACKET_NUM = 2"), "1002.0");
+}
+
+TEST_F(ParserSaving, RelayedWitsSavesThePacketWhenTheBlockArrives) {
+    ws.rt.Gwits_alive = 0;
+    parse(Numbered(1)); // WITS down: saved at once
+    EXPECT_EQ(rows(), 1);
+
+    // A packet that came while the stream was up waits for its block; the
+    // stream runs out before the block comes. The first block after the
+    // outage saves nothing (the waiting packet is lost), then marks it alive.
+    ws.rt.Gwits_alive = 5;
+    parse(Numbered(2));
+    EXPECT_EQ(rows(), 1);
+    ws.rt.Gwits_alive = 0;
+    parse(Block("01085000.5,01105001.5"));
+    EXPECT_EQ(rows(), 1);
+    EXPECT_EQ(ws.rt.Gwits_alive, 60);
+
+    // Now the packet waits for the block, which brings its bit depth.
+    parse(Numbered(3));
+    EXPECT_EQ(rows(), 1);
+    parse(Block("01085002.5,01105003.5"));
+    EXPECT_EQ(packets(), "1 3");
+    EXPECT_EQ(value("SELECT BIT_DEPTH FROM OMBRI_DB_010 WHERE PACKET_NUM = 3"), "5002.5");
+
+    // A block too short to read still saves the waiting packet.
+    parse(Numbered(4));
+    parse("^x,y\r\n");
+    EXPECT_EQ(packets(), "1 3 4");
+
+    // Packet and block in one read: both steps run in the one call.
+    parse(Numbered(5) + Block("01085004.5"));
+    EXPECT_EQ(packets(), "1 3 4 5");
+}
+
+TEST_F(ParserSaving, LocalWitsSavesAtThePacketWithTheWitsDepth) {
+    ws.fm_WITS.ck_Use_Local_WITS.setChecked(true);
+    ws.rt.Gwits_alive = 40;
+    ws.rt.Gwits_values[1] = 7777.5;
+    parse(Numbered(1));
+    EXPECT_EQ(rows(), 1);
+    EXPECT_EQ(value("SELECT DEPTH FROM OMBRI_DB_010"), "7777.5");
+}
+
+TEST_F(ParserSaving, AChangedAlarmReachesTheErrorLogThroughTheSavedRow) {
+    parse(Numbered(1, "5 12 "));
+    parse(Numbered(2, "5 12 "));
+    parse(Numbered(3, "0 "));
+    EXPECT_EQ(rows(), 3);
+    const QString log = folder.read("ERR_LOG.TXT");
+    EXPECT_EQ(log.count("HIGH SAMPLE FLOW RATE / HIGH GAS UNITS / \r\n"), 1) << log.toStdString();
+    EXPECT_EQ(ws.rt.Glast_alarm_text, "0 ");
+}
+
+} // namespace
