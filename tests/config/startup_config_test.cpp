@@ -49,10 +49,3 @@ TEST(ConfigAtStartUp, TheRunScriptsLinesSelectTheSimulatorAndSurviveTheExit) {
     ExpectSimulatorSelected(next.ws);
     EXPECT_TRUE(next.ws.fm_setup.ck_rop.checked());
 }
-
-TEST(ConfigAtStartUp, LinesEndingInLfAloneSelectTheSimulatorToo) {
-    Station st;
-    st.writeConfig(QByteArray(kRunScriptLines).replace("\r\n", "\n"));
-    config::ReadConfigFile(st.ws);
-    ExpectSimulatorSelected(st.ws);
-}
