@@ -6,6 +6,7 @@
 #include "acquisition/workstation.h"
 #include "chart/chart.h"
 #include "config/config_file.h"
+#include "config/setup_handlers.h"
 #include "depth/lag.h"
 #include "store/lifecycle.h"
 #include "wits/wits_file.h"
@@ -81,9 +82,11 @@ bool Form_Load(Workstation& ws) {
     wits::LoadWitsFile(ws);
     rt.Gdata_separator = "\t";
 
-    // 7. Panels loaded hidden.
+    // 7. Panels loaded hidden; the setup panel's load fills its lists,
+    // alarm date and time, zone note and colours.
     for (forms::Panel* p : ws.panels())
         if (p != &main) p->form.setVisible(false);
+    config::fm_setup_Load(ws);
 
     // 8. Link wanted, first attempt in 5 seconds.
     rt.Glink_countdown = 5;
