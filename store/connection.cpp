@@ -66,22 +66,12 @@ std::shared_ptr<Connection> Connection::Open(const QString& path, OpenMode mode)
     sqlite3_busy_timeout(db, kBusyTimeoutMs);
     // The first statement reads the file's header: a file that is not a data
     // base, or one another program holds locked, fails here, at the open.
-    char* msg = nullptr;
-    int jrc = sqlite3_exec(db, "PRAGMA journal_mode = WAL", nullptr, nullptr, &msg);
-    sqlite3_free(msg);
-    if (jrc != SQLITE_OK && (jrc & 0xff) != SQLITE_READONLY) {
-        DbError e = EngineError(db, jrc, path);
+    const int hrc =
+        sqlite3_exec(db, "SELECT count(*) FROM sqlite_master", nullptr, nullptr, nullptr);
+    if (hrc != SQLITE_OK) {
+        DbError e = EngineError(db, hrc, path);
         c->close();
         throw e;
-    }
-    if (jrc != SQLITE_OK || c->readOnly()) {
-        // A read-only file still has to be readable: prove it now.
-        jrc = sqlite3_exec(db, "SELECT count(*) FROM sqlite_master", nullptr, nullptr, nullptr);
-        if (jrc != SQLITE_OK) {
-            DbError e = EngineError(db, jrc, path);
-            c->close();
-            throw e;
-        }
     }
     sqlite3_exec(db, kPragmas, nullptr, nullptr, nullptr);
     Registry& r = OpenConnections();
@@ -151,8 +141,20 @@ sqlite3_stmt* Connection::statement(const QString& sql) {
     return s;
 }
 
+void Connection::ensureWal() {
+    if (walChecked_) return;
+    sqlite3* db = handle();
+    if (sqlite3_get_autocommit(db) == 0) return; // not inside a transaction
+    walChecked_ = true;
+    if (readOnly()) return;
+    // A file that can't change its mode now keeps the one it has: rollback
+    // journal mode is just as safe, only less kind to readers.
+    sqlite3_exec(db, "PRAGMA journal_mode = WAL", nullptr, nullptr, nullptr);
+}
+
 void Connection::exec(const QString& sql) {
     sqlite3* db = handle();
+    ensureWal();
     const int rc = sqlite3_exec(db, sql.toUtf8().constData(), nullptr, nullptr, nullptr);
     if (rc != SQLITE_OK) fail(rc);
 }

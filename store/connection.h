@@ -36,6 +36,10 @@ class Connection {
     // again and again.
     sqlite3_stmt* statement(const QString& sql);
     void exec(const QString& sql);
+    // Before the first write: the file goes over to WAL mode. Not at the
+    // open, so a file that is only looked at (an older job whose conversion
+    // the user declines) is left exactly as it was.
+    void ensureWal();
     [[noreturn]] void fail(int rc, const QString& what = {}) const;
 
     // Counts every change made through this connection; a recordset's
@@ -57,6 +61,7 @@ class Connection {
     Connection() = default;
     sqlite3* db_ = nullptr;
     QString path_;
+    bool walChecked_ = false;
     QHash<QString, sqlite3_stmt*> statements_;
 };
 

@@ -646,6 +646,7 @@ void Recordset::Update() {
         sets += (bound.empty() ? "" : ",") + q + "=?";
         bound.push_back(&*d.buffer[i]);
     }
+    c.ensureWal();
     const int64_t before = c.totalChanges();
     if (d.mode == EditMode::Add) {
         const QString sql =
@@ -683,6 +684,7 @@ void Recordset::Delete() {
     Impl& d = impl();
     d.requireCurrent();
     Connection& c = d.c();
+    c.ensureWal();
     {
         StatementUse q(c, "DELETE FROM " + d.table + " WHERE rowid=?");
         sqlite3_bind_int64(q.get(), 1, d.keys[d.pos]);

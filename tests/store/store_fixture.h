@@ -22,7 +22,8 @@ inline void MakeJob(const QString& path) {
 class RawDb {
   public:
     explicit RawDb(const QString& path) {
-        sqlite3_open_v2(path.toUtf8().constData(), &db_, SQLITE_OPEN_READWRITE, nullptr);
+        sqlite3_open_v2(path.toUtf8().constData(), &db_, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE,
+                        nullptr);
         sqlite3_busy_timeout(db_, 2000);
     }
     ~RawDb() { sqlite3_close(db_); }

@@ -1,0 +1,344 @@
+// The job file's life on real files: made when missing, upgraded and
+// re-indexed on open, converted from the older generation, compacted, and
+// the three job buttons.
+#include "station.h"
+#include "store/lifecycle.h"
+#include "store/record_writer.h"
+
+#include <QCryptographicHash>
+#include <gtest/gtest.h>
+
+#include <numeric>
+#include <random>
+
+using storetest::InsertPackets;
+using storetest::RawDb;
+using storetest::Station;
+using namespace store;
+
+namespace {
+
+void Open(Station& s) {
+    QString path;
+    bool verify = true;
+    OpenSharedDb(s.ws, path, verify);
+    EXPECT_FALSE(verify);
+    EXPECT_FALSE(s.ws.rt.Gdb_busy);
+}
+
+QByteArray Digest(const QString& path) {
+    QFile f(path);
+    f.open(QIODevice::ReadOnly);
+    return QCryptographicHash::hash(f.readAll(), QCryptographicHash::Sha256);
+}
+
+// A file of the generation before, as another SQLite tool would make it.
+void MakeOldJob(const QString& path, int rows) {
+    RawDb raw(path);
+    raw.exec("CREATE TABLE OMBRI_DB_005 (ID INTEGER, SERIAL_NUM TEXT, DATE TEXT, TIME TEXT, "
+             "DT TEXT, DEPTH TEXT, GAS_UNITS REAL, LEL REAL, METHANE REAL, PPM TEXT, TEMP REAL, "
+             "MIN_FT REAL, FT_HR REAL, LPH REAL, INLET_PRS REAL, VOLTS REAL, VQ21 REAL, VQ6 REAL, "
+             "CG_TEST_NUM REAL, VQ6CG REAL, VQ101 REAL, H2S REAL, ERR INTEGER)");
+    raw.exec("BEGIN");
+    for (int i = rows; i >= 1; --i)
+        raw.exec(
+            QString("INSERT INTO OMBRI_DB_005 VALUES (%1, 'OLD7', '03/05/2009', '10:00:%2', "
+                    "'2009-03-05 10:00:%2', '%3', %4, 1.5, 2.5, '40', 77, 3, 20, 60, 9.5, 13.2, "
+                    "1.1, 2.2, %1, 0.7, 0.3, 4, %5)")
+                .arg(i)
+                .arg(i, 2, 10, QChar('0'))
+                .arg(1000 + i)
+                .arg(i * 10)
+                .arg(i % 3));
+    raw.exec("COMMIT");
+}
+
+} // namespace
+
+TEST(Lifecycle, AMissingDemonstrationJobIsCopiedOrMadeBlankFromTheTemplate) {
+    Station s(false);
+    const QString demo = s.folder.file("DB_CUE/V11_DEMO.DB");
+    s.ws.fm_Gas_Chart.txt_db_path.setText(demo);
+    Open(s);
+    EXPECT_TRUE(s.saw(demo + " File not found"));
+    EXPECT_TRUE(s.messages().filter("Could not copy V11_DEMO.DB").size() == 1);
+    EXPECT_TRUE(s.saw("Attempting to create blank demo"));
+    EXPECT_TRUE(s.saw(demo + " created"));
+    // The template was made from the schema, and the job from it.
+    EXPECT_TRUE(s.folder.exists("OMBRI_010_BLANK.db"));
+    ASSERT_TRUE(s.ws.db.Grecords.isOpen());
+    EXPECT_EQ(s.ws.db.Grecords.RecordCount(), 0);
+    EXPECT_EQ(s.ws.db.NextRecordId, 1);
+    EXPECT_TRUE(s.dialogs.boxes.empty());
+    {
+        RawDb raw(demo);
+        EXPECT_EQ(raw.number("SELECT count(*) FROM LagPara"), 6);
+    }
+
+    // With the program's own copy of the demonstration job beside it, that
+    // copy is what a missing demonstration job becomes.
+    CloseSharedDb(s.ws);
+    ASSERT_TRUE(RemoveJobFile(demo));
+    storetest::MakeJob(s.folder.file("V11_DEMO.DB"));
+    InsertPackets(s.folder.file("V11_DEMO.DB"), {1, 2, 3});
+    s.ws.fm_Gas_Chart.txt_message.setText("");
+    Open(s);
+    EXPECT_TRUE(s.saw("Created demo DB " + demo));
+    EXPECT_EQ(s.ws.db.Grecords.RecordCount(), 3);
+    EXPECT_EQ(s.ws.db.RecordCount, 3);
+}
+
+TEST(Lifecycle, MakeDatabaseKeepsWhatStoodThereAndInsistsOnADbName) {
+    Station s;
+    InsertPackets(s.job, {1, 2});
+    QString path = s.job;
+    MakeDatabase(s.ws, path);
+    EXPECT_EQ(path, s.job);
+    EXPECT_TRUE(s.saw(s.job + " created"));
+    EXPECT_EQ(s.rows(), 0);
+    {
+        RawDb old(s.folder.file("DB_CUE/OLD_JOB.DB"));
+        EXPECT_EQ(old.number("SELECT count(*) FROM OMBRI_DB_010"), 2);
+    }
+
+    // A name that does not end in DB: the blank name in that folder, and the
+    // open that follows takes it as the job.
+    s.ws.fm_Gas_Chart.txt_db_path.setText(s.folder.file("DB_CUE/notes.txt"));
+    Open(s);
+    const QString blank = s.folder.file("DB_CUE/OMBRI_010_BLANK.DB");
+    EXPECT_EQ(s.ws.fm_Gas_Chart.txt_db_path.text(), blank);
+    EXPECT_TRUE(s.saw(blank + " created"));
+    EXPECT_TRUE(s.ws.db.Grecords.isOpen());
+    EXPECT_FALSE(s.folder.exists("DB_CUE/notes.txt"));
+}
+
+TEST(Lifecycle, AnOpenAddsTheLateColumnsWithoutAQuestion) {
+    Station s(false);
+    // A job made by another SQLite tool, before the late columns, without
+    // the unique index.
+    {
+        RawDb raw(s.job);
+        raw.exec(
+            "CREATE TABLE OMBRI_DB_010 (ID INTEGER, PACKET_NUM INTEGER, SERIAL_NUM TEXT, "
+            "DATE_TXT TEXT, TIME_TXT TEXT, DT TEXT, DEPTH REAL, GAS_UNITS REAL, ERR_TXT TEXT)");
+        raw.exec(
+            "INSERT INTO OMBRI_DB_010 (ID, PACKET_NUM, DT) VALUES (9, 5, '2026-11-01 06:00:00')");
+    }
+    Open(s);
+    EXPECT_TRUE(s.dialogs.boxes.empty());
+    ASSERT_TRUE(s.ws.db.Grecords.isOpen());
+    const QStringList cols = s.ws.db.Gdb.FieldNames("OMBRI_DB_010");
+    EXPECT_EQ(cols.mid(9), (QStringList{"KW7001", "KW7003", "KW7005", "KW7007", "IC5", "NC5"}));
+    EXPECT_TRUE(s.ws.db.Grecords.Fields("IC5").isNull());
+    EXPECT_EQ(s.ws.db.Grecords.Fields("ID").toLong(), 1);
+    // The packet number is unique from now on.
+    RawDb raw(s.job);
+    EXPECT_NE(raw.exec("INSERT INTO OMBRI_DB_010 (PACKET_NUM) VALUES (5)"), SQLITE_OK);
+}
+
+TEST(Lifecycle, TheOpenRenumbersIdInPacketOrderInBatches) {
+    Station s;
+    std::vector<int> packets(2500);
+    std::iota(packets.begin(), packets.end(), 1);
+    std::shuffle(packets.begin(), packets.end(), std::mt19937(5));
+    InsertPackets(s.job, packets);
+    {
+        RawDb raw(s.job);
+        raw.exec("UPDATE OMBRI_DB_010 SET ID = 7");
+    }
+    QList<bool> shown;
+    QList<int> progress;
+    s.ws.fm_help.form.listen([&](const forms::Control& c, forms::Prop p) {
+        if (p == forms::Prop::Visible) shown << c.visible();
+    });
+    s.ws.fm_help.pgbar.listen([&](const forms::Control& c, forms::Prop p) {
+        if (p == forms::Prop::Value) progress << c.value();
+    });
+    Open(s);
+    EXPECT_EQ(s.ws.fm_help.form.caption(), "Re-indexing Data Base.  Wait...");
+    EXPECT_EQ(s.ws.fm_help.pgbar.max(), 2501);
+    EXPECT_EQ(shown, (QList<bool>{true, false}));
+    // A first commit after ten rows, then one a thousand.
+    EXPECT_EQ(progress, (QList<int>{1, 10, 1010, 2010}));
+    EXPECT_EQ(s.ws.db.NextRecordId, 2501);
+    RawDb raw(s.job);
+    EXPECT_EQ(raw.number("SELECT count(*) FROM OMBRI_DB_010 WHERE ID = PACKET_NUM"), 2500);
+
+    // The first row written after the open carries what the re-index left,
+    // plus one.
+    s.packet(3000);
+    SaveKWData(s.ws);
+    EXPECT_EQ(s.column(3000, "ID"), "2502");
+}
+
+TEST(Lifecycle, OneRecordGetsIdOneWithoutTheProgressBoxAndAnEmptyTableStartsAtOne) {
+    Station s;
+    InsertPackets(s.job, {42});
+    QList<bool> shown;
+    s.ws.fm_help.form.listen([&](const forms::Control& c, forms::Prop p) {
+        if (p == forms::Prop::Visible) shown << c.visible();
+    });
+    s.ws.db.NextRecordId = 99;
+    Open(s);
+    EXPECT_TRUE(shown.isEmpty() || !shown.contains(true));
+    EXPECT_EQ(s.column(42, "ID"), "1");
+    EXPECT_EQ(s.ws.db.NextRecordId, 2);
+
+    Station empty;
+    empty.ws.db.NextRecordId = 99;
+    Open(empty);
+    EXPECT_EQ(empty.ws.db.NextRecordId, 1);
+}
+
+TEST(Lifecycle, AnOlderJobIsConvertedOnlyWhenTheUserAgrees) {
+    Station s(false);
+    MakeOldJob(s.job, 25);
+    const QByteArray before = Digest(s.job);
+
+    s.dialogs.answers.push_back(platform::Answer::No);
+    Open(s);
+    ASSERT_EQ(s.dialogs.boxes.size(), 1u);
+    EXPECT_EQ(s.dialogs.boxes[0].title, "CONVERT DATA BASE TO NEW TYPE?");
+    EXPECT_EQ(s.dialogs.boxes[0].text, "This data base is not compatible with the new version\r\n"
+                                       "Would you like to convert it?");
+    EXPECT_EQ(Digest(s.job), before);
+    EXPECT_FALSE(s.folder.exists("DB_CUE/JOB.DB.old"));
+    EXPECT_FALSE(s.ws.db.Gdb.isOpen());
+    EXPECT_FALSE(s.ws.db.Grecords.isOpen());
+    EXPECT_TRUE(s.lastMessage().startsWith("Open DB Err: "));
+
+    s.dialogs.answers.push_back(platform::Answer::Yes);
+    Open(s);
+    EXPECT_EQ(s.dialogs.boxes.size(), 2u);
+    ASSERT_TRUE(s.ws.db.Grecords.isOpen());
+    EXPECT_EQ(s.ws.db.Grecords.RecordCount(), 25);
+    EXPECT_TRUE(s.folder.exists("DB_CUE/JOB.DB.old"));
+    EXPECT_FALSE(s.folder.exists("DB_CUE/JOB.DB.new"));
+    EXPECT_EQ(s.ws.db.NextRecordId, 26);
+    {
+        RawDb old(s.folder.file("DB_CUE/JOB.DB.old"));
+        EXPECT_EQ(old.number("SELECT count(*) FROM OMBRI_DB_005"), 25);
+    }
+    // Old ID order becomes the packet order; each column from its old name.
+    RawDb raw(s.job);
+    EXPECT_EQ(
+        raw.value("SELECT ID||'|'||SERIAL_NUM||'|'||DATE_TXT||'|'||TIME_TXT||'|'||DT||'|'||DEPTH||"
+                  "'|'||DEPTH_RAW||'|'||GAS_UNITS||'|'||O2||'|'||CO2||'|'||ATTEN||'|'||TEMP||'|'||"
+                  "MIN_FT||'|'||FT_HR||'|'||LPH||'|'||SAMPLEVAC||'|'||VOLTS||'|'||LOWGUV||'|'||"
+                  "HIGHGUV||'|'||CGTESTNUM||'|'||CGV||'|'||H2SV||'|'||H2S||'|'||ERR_TXT "
+                  "FROM OMBRI_DB_010 WHERE PACKET_NUM = 7"),
+        "7|OLD7|03/05/2009|10:00:07|2009-03-05 10:00:07|1007.0|1007.0|70.0|1.5|2.5|40.0|77.0|"
+        "3.0|20.0|60.0|9.5|13.2|1.1|2.2|7.0|0.7|0.3|4.0|1");
+    EXPECT_EQ(raw.value("SELECT typeof(ERR_TXT)||' '||typeof(ATTEN) FROM OMBRI_DB_010 LIMIT 1"),
+              "text real");
+}
+
+TEST(Lifecycle, CompactKeepsEveryRowAndTheWriterFollowsTheNewFile) {
+    Station s;
+    std::vector<int> packets(3000);
+    std::iota(packets.begin(), packets.end(), 1);
+    InsertPackets(s.job, packets);
+    {
+        RawDb raw(s.job);
+        raw.exec("DELETE FROM OMBRI_DB_010 WHERE PACKET_NUM > 1000");
+    }
+    Open(s);
+    s.packet(5000);
+    SaveKWData(s.ws);
+    const qint64 size = QFileInfo(s.job).size();
+    Compact_db(s.ws);
+    EXPECT_FALSE(s.ws.rt.Gdb_busy);
+    EXPECT_FALSE(s.ws.fm_help.form.visible());
+    EXPECT_EQ(s.ws.fm_help.form.caption(), "Compacting Data Base \r\nDon't Touch Any Buttons.");
+    EXPECT_LT(QFileInfo(s.job).size(), size);
+    EXPECT_FALSE(s.folder.exists("DB_CUE/JOB.DB.temp"));
+    ASSERT_TRUE(s.ws.db.Grecords.isOpen());
+    EXPECT_EQ(s.ws.db.Grecords.RecordCount(), 1001);
+    s.packet(5001);
+    SaveKWData(s.ws);
+    EXPECT_EQ(s.rows(), 1002);
+    RawDb raw(s.job);
+    EXPECT_EQ(raw.value("PRAGMA integrity_check"), "ok");
+
+    // While another job holds the shared set, the compact does nothing.
+    const QByteArray before = Digest(s.job);
+    s.ws.rt.Gdb_busy = true;
+    Compact_db(s.ws);
+    EXPECT_TRUE(s.ws.rt.Gdb_busy);
+    EXPECT_FALSE(s.ws.fm_help.form.visible());
+    EXPECT_EQ(Digest(s.job), before);
+}
+
+TEST(Lifecycle, ThePositionMarksStandOnTheRecordBeforeTheNewest) {
+    Station s;
+    PrimeLastRecord(s.ws);
+    EXPECT_EQ(s.ws.db.LastRecord, 0);
+    InsertPackets(s.job, {4});
+    PrimeLastRecord(s.ws);
+    EXPECT_EQ(s.ws.db.HourPointer, -1);
+    InsertPackets(s.job, {1, 2, 3, 5});
+    PrimeLastRecord(s.ws);
+    EXPECT_EQ(s.ws.db.LastRecord, 3);
+    EXPECT_EQ(s.ws.db.ChartTopRecord, 3);
+    EXPECT_EQ(s.ws.db.HourPointer, 3);
+    EXPECT_EQ(s.ws.db.Grecords.Fields("PACKET_NUM").toLong(), 4);
+    PrimeFirstRecord(s.ws);
+    EXPECT_EQ(s.ws.db.ChartTopRecord, 0);
+    EXPECT_EQ(s.ws.db.HourPointer, 0);
+    EXPECT_EQ(s.ws.db.LastRecord, 3);
+}
+
+TEST(Lifecycle, NewOpenAndSaveAsGoThroughTheirDialogs) {
+    Station s;
+    Open(s);
+    s.ws.rt.Gtotal_strokes = 500;
+    s.ws.rt.Glag_depth_now = 1234;
+
+    // Cancelled: nothing moves, and the refresh runs again.
+    cmd_new_db_Click(s.ws);
+    ASSERT_EQ(s.dialogs.boxes.size(), 1u);
+    EXPECT_EQ(s.dialogs.boxes[0].title, "CREATE NEW DATA BASE FILE");
+    EXPECT_EQ(s.ws.fm_Gas_Chart.txt_db_path.text(), s.job);
+    EXPECT_EQ(s.ws.rt.Gtotal_strokes, 500);
+    EXPECT_FALSE(s.ws.rt.Grefresh_paused);
+
+    const QString well = s.folder.file("DB_CUE/WELL7");
+    s.dialogs.files.push_back(well);
+    cmd_new_db_Click(s.ws);
+    EXPECT_EQ(s.ws.fm_Gas_Chart.txt_db_path.text(), well + ".DB");
+    EXPECT_TRUE(s.folder.exists("DB_CUE/WELL7.DB"));
+    EXPECT_EQ(s.ws.db.Gdb.Name(), well + ".DB");
+    EXPECT_EQ(s.ws.rt.Gtotal_strokes, 1);
+    EXPECT_EQ(s.ws.rt.Glag_depth_now, 0);
+    EXPECT_EQ(s.ws.more_data.lbl_current_lag_depth.caption(), "0.0");
+
+    // Open the first job again, with rows of its own.
+    InsertPackets(s.job, {1, 2, 3, 4});
+    s.dialogs.files.push_back(s.job);
+    cmd_open_db_Click(s.ws);
+    EXPECT_EQ(s.dialogs.boxes.back().title, "OPEN DATA BASE FILE");
+    EXPECT_EQ(s.ws.fm_Gas_Chart.txt_db_path.text(), s.job);
+    EXPECT_EQ(s.ws.db.Grecords.RecordCount(), 4);
+    EXPECT_EQ(s.ws.db.LastRecord, 2);
+
+    // Save as: the copy is the job from now on, the rows written next go
+    // there and the first file keeps what it had.
+    const QString copy = s.folder.file("DB_CUE/COPY.db");
+    s.dialogs.files.push_back(copy);
+    cmd_save_database_Click(s.ws);
+    EXPECT_EQ(s.dialogs.boxes.back().title, "SAVE DATA BASE FILE");
+    EXPECT_EQ(s.ws.fm_Gas_Chart.txt_db_path.text(), copy);
+    s.packet(10);
+    SaveKWData(s.ws);
+    RawDb raw(copy);
+    EXPECT_EQ(raw.value("SELECT group_concat(PACKET_NUM) FROM OMBRI_DB_010"), "1,2,3,4,10");
+    EXPECT_EQ(s.rows(), 4);
+
+    // None of the three starts while a job holds the shared set.
+    s.ws.rt.Gdb_busy = true;
+    const size_t asked = s.dialogs.boxes.size();
+    cmd_new_db_Click(s.ws);
+    cmd_open_db_Click(s.ws);
+    cmd_save_database_Click(s.ws);
+    EXPECT_EQ(s.dialogs.boxes.size(), asked);
+}
