@@ -42,9 +42,9 @@ RopCollector::RopCollector(DepthState& arrays, const RopOptions& options)
 
 void RopCollector::start(const RopRecord& first) {
     // The run starts on the drilled foot of its first record; a lagged run
-    // moves at once to that record's lag foot, closing the drilled one.
+    // moves at once to that record's lag foot, if it has one.
     foot_ = lastFoot_ = WholeFoot(Or0(first.depth));
-    if (opt_.lagged && InRange(WholeFoot(Or0(first.lagGu)))) foot_ = WholeFoot(Or0(first.lagGu));
+    foot_ = nextFoot(first);
     resetFoot();
 }
 

@@ -1,0 +1,233 @@
+// The strokes pass at its edges, on job files written by the record writer.
+#include "job_fixture.h"
+
+#include "text/numbers.h"
+
+using depthtest::At;
+using depthtest::JobTest;
+using depthtest::Packet;
+using depthtest::Row;
+using depthtest::RowAt;
+
+namespace {
+
+int CountLagged(const std::vector<store::Variant>& lag) {
+    int n = 0;
+    for (const auto& v : lag) n += v.isNull() ? 0 : 1;
+    return n;
+}
+
+} // namespace
+
+TEST_F(JobTest, ATargetBelowZeroBeforeAnyLagEndsThePassAtLagDepthZero) {
+    // Depth 10000 with 1.1 strokes a foot needs 11000 strokes; the newest
+    // record has 5000: target -6000, nothing from the hole is up yet.
+    ws.rt.Gtotal_strokes = 4970;
+    for (int i = 0; i < 3; ++i) save(At(10000));
+    ws.rt.Glag_depth_now = 777;
+    ws.more_data.lbl_current_lag_depth.setCaption("777.0");
+    byStrokes();
+    depth::RecalculateLag(ws, 0, 0, 0);
+    EXPECT_EQ(column("TOTAL_STROKES").back().toDouble(), 5000);
+    EXPECT_EQ(CountLagged(column("LAG_GU")), 0);
+    EXPECT_EQ(ws.rt.Glag_depth_now, 0);
+    EXPECT_EQ(ws.more_data.lbl_current_lag_depth.caption(), "0.0");
+}
+
+TEST_F(JobTest, WithoutStrokesNoRecordIsLaggedAndTheLagDepthStands) {
+    for (int i = 0; i < 50; ++i) save(At(500 + i * 0.1).pumps(0));
+    ws.rt.Glag_depth_now = 777;
+    byStrokes();
+    depth::RecalculateLag(ws, 0, 0, 0);
+    EXPECT_EQ(column("TOTAL_STROKES").back().toDouble(), 0);
+    EXPECT_EQ(CountLagged(column("LAG_GU")), 0);
+    EXPECT_EQ(ws.rt.Glag_depth_now, 777);
+    EXPECT_FALSE(ws.rt.Gdb_error);
+}
+
+TEST_F(JobTest, WithNoLagEveryRecordIsItsOwnSourceButTheFirst) {
+    // A zone of 0 strokes: every target is the record's own count, so the
+    // search stops where it starts. The first record still gets nothing:
+    // the pass leaves as soon as its source is the first record.
+    for (int i = 0; i < 20; ++i) save(At(300 + i).rate(2 + i));
+    ws.fm_setup.txt_str_per_100ft[1].setText("0");
+    byStrokes();
+    depth::RecalculateLag(ws, 0, 0, 0);
+    const auto lag = column("LAG_GU");
+    const auto data1 = column("DATA1");
+    EXPECT_TRUE(lag[0].isNull());
+    for (int i = 1; i < 20; ++i) {
+        EXPECT_EQ(num(lag[i]), 300 + i) << i;
+        EXPECT_EQ(num(data1[i]), 2 + i) << i;
+    }
+}
+
+TEST_F(JobTest, StrokeCounterJumpsAreReportedOncePerPlaceAndOnlyOnceLagging) {
+    // Records 0-59 count from 0 up; then the counter jumped and 60-119 count
+    // from 20000. The first work record (20600) is far from the "last" count
+    // of 0, but nothing is lagged yet: no message there. Work record 59
+    // (600, after 20010) is the one place.
+    for (int i = 0; i < 60; ++i) save(At(100));
+    ws.rt.Gtotal_strokes = 20000;
+    for (int i = 0; i < 60; ++i) save(At(100));
+    byStrokes();
+    depth::RecalculateLag(ws, 0, 0, 0);
+    const QString jump = "Sudden Strokes counter change\r\nRecalculate lag for whole DB to fix";
+    EXPECT_EQ(logged(jump), 1);
+    EXPECT_EQ(ws.fm_Gas_Chart.txt_message.text().count(jump), 1);
+    // The pass went on past the jump.
+    EXPECT_EQ(num(column("LAG_GU")[59]), 100);
+    EXPECT_FALSE(ws.rt.Gdb_error);
+}
+
+TEST_F(JobTest, TheSearchStopsAtACounterJumpFromWhereItStarted) {
+    // 0-59 count from 40000 (a counter later reset); 60-79 pumps off, 0
+    // strokes; 80-139 count from 0 again. 100 ft at 1.25 strokes a foot:
+    // target = count - 125. MIN_FT is the record's number, so DATA1 names
+    // each source.
+    ws.rt.Gtotal_strokes = 40000;
+    int n = 0;
+    for (; n < 60; ++n) save(At(100).rate(n));
+    ws.rt.Gtotal_strokes = 0;
+    for (; n < 80; ++n) save(At(100).rate(n).pumps(0));
+    for (; n < 140; ++n) save(At(100).rate(n));
+    ws.fm_setup.txt_str_per_100ft[1].setText("125");
+    byStrokes();
+    depth::RecalculateLag(ws, 0, 0, 0);
+    const auto data1 = column("DATA1");
+    // Record 80 + k counts 10 (k + 1). Work record 139: 600 - 125 = 475,
+    // source 126; each record before takes the one before: w - 13.
+    EXPECT_EQ(num(data1[139]), 126);
+    // Record 93 (140 strokes, target 15) takes 80 (10). The search for 92
+    // (target 5) starts at 79, whose count is 0: it steps over the pumps-off
+    // records and stops at 59, 40600 strokes from where it started, the
+    // first record beyond the jump. 91 (target -5) searches from 58 on the
+    // far side, finds nothing, and the pass ends.
+    EXPECT_EQ(num(data1[93]), 80);
+    EXPECT_EQ(num(data1[92]), 59);
+    EXPECT_TRUE(data1[91].isNull());
+}
+
+TEST_F(JobTest, DepthJumpsOfMoreThanAHundredFeetAreReportedAtTheWorkRecordsDepth) {
+    // 0-199 at 1000 ft, 200-399 at 1100 (exactly 100 ft: no jump), 400-599
+    // at 1200.5 (100.5 ft above 1100: a jump, seen at work record 399).
+    ws.rt.Gtotal_strokes = 10000;
+    for (int i = 0; i < 200; ++i) save(At(1000));
+    for (int i = 0; i < 200; ++i) save(At(1100));
+    for (int i = 0; i < 200; ++i) save(At(1200.5));
+    byStrokes();
+    depth::RecalculateLag(ws, 0, 0, 0);
+    EXPECT_EQ(logged("Sudden depth change at "), 1);
+    EXPECT_EQ(logged("Sudden depth change at 1100"), 1);
+    // The pass went on past the jump, down to the 1000 ft records.
+    EXPECT_EQ(num(column("LAG_GU")[199]), 1000);
+}
+
+TEST_F(JobTest, ANewFootTickEntersWithItsSignAndReportsTwice) {
+    // 200 records at 1000 ft from 5000 strokes; record 180 is a tick. Its
+    // target lies above its own count (5000 + 1810 + 1100), and the search
+    // restarts at the work record before it (181), which it takes.
+    ws.rt.Gtotal_strokes = 5000;
+    for (int i = 0; i < 200; ++i) save(At(i == 180 ? -1000.0 : 1000.0));
+    byStrokes();
+    depth::RecalculateLag(ws, 0, 0, 0);
+    EXPECT_EQ(logged("Sudden depth change at -1000"), 1);
+    EXPECT_EQ(logged("Sudden depth change at 1000"), 1);
+    const auto lag = column("LAG_GU");
+    EXPECT_EQ(num(lag[180]), 1000);
+    // Beyond the tick the pass goes on as before: lag 1100 strokes.
+    EXPECT_EQ(num(lag[179]), 1000);
+    EXPECT_FALSE(num(lag[0]));
+    EXPECT_FALSE(ws.rt.Gdb_error);
+}
+
+TEST_F(JobTest, ADepthRangePassStartsAtOrBelowItsTopAndEndsPastItsFoot) {
+    // 4000 ft to 6990 ft, 10 ft a record, 300 records; no lag to speak of
+    // (a zone of 0 strokes), so each lagged record names itself.
+    for (int i = 0; i < 300; ++i) save(At(4000.0 + 10 * i));
+    ws.fm_setup.txt_str_per_100ft[1].setText("0");
+    ws.fm_setup.txt_recalc_lag_from.setText("5000");
+    ws.fm_setup.txt_recalc_lag_to.setText("6000");
+    byStrokes();
+    depth::cmd_recalc_lag_Click(ws, 1);
+    const auto lag = column("LAG_GU");
+    for (int i = 0; i < 300; ++i) {
+        const double depth = 4000.0 + 10 * i;
+        SCOPED_TRACE(depth);
+        // From the newest record at or below 6000 (record 200) down to the
+        // first below 5000 (record 99, at 4990), which is written too.
+        if (depth <= 6000 && depth >= 4990)
+            EXPECT_EQ(num(lag[i]), depth);
+        else
+            EXPECT_TRUE(lag[i].isNull());
+    }
+    // The button repaired the strokes first and asks for the depth arrays
+    // again.
+    EXPECT_EQ(logged("Total Strokes Fixed"), 1);
+    EXPECT_TRUE(ws.depth.RopRebuild);
+}
+
+TEST_F(JobTest, TheRoutinePassLagsTheNewest400QuietlyAndTheTimerStandsBack) {
+    for (int i = 0; i < 600; ++i) save(At(2000 + i * 0.05));
+    ws.fm_setup.txt_str_per_100ft[1].setText("1");
+    byStrokes();
+    ws.rt.Grefresh_paused = true;
+    depth::tmr_recalc_lag_Timer(ws);
+    EXPECT_EQ(CountLagged(column("LAG_GU")), 0) << "refresh paused: no pass";
+
+    ws.rt.Grefresh_paused = false;
+    ws.rt.Gdb_busy = true;
+    depth::tmr_recalc_lag_Timer(ws);
+    EXPECT_EQ(CountLagged(column("LAG_GU")), 0) << "the file is busy: no pass";
+    EXPECT_TRUE(ws.rt.Gdb_busy);
+
+    ws.rt.Gdb_busy = false;
+    depth::tmr_recalc_lag_Timer(ws);
+    const auto lag = column("LAG_GU");
+    EXPECT_EQ(CountLagged(lag), 400);
+    EXPECT_TRUE(lag[199].isNull());
+    EXPECT_FALSE(lag[200].isNull());
+    // The routine pass never shows the information box.
+    EXPECT_FALSE(ws.fm_help.form.visible());
+}
+
+TEST_F(JobTest, ANullDepthEndsThePassThroughItsHandlerKeepingWhatItWrote) {
+    for (int i = 0; i < 120; ++i) save(At(800));
+    exec("UPDATE OMBRI_DB_010 SET DEPTH = NULL WHERE PACKET_NUM = 1080");
+    ws.fm_setup.txt_str_per_100ft[1].setText("0");
+    byStrokes();
+    depth::RecalculateLag(ws, 0, 0, 0);
+    EXPECT_EQ(logged("Recalculate Lag Err: Invalid use of Null  Errpt: 13"), 1);
+    EXPECT_TRUE(ws.rt.Gdb_error);
+    EXPECT_FALSE(ws.rt.Gdb_busy);
+    EXPECT_FALSE(ws.fm_help.form.visible());
+    // Records 80 to 119 were lagged before the failure and stay lagged.
+    const auto lag = column("LAG_GU");
+    EXPECT_EQ(CountLagged(lag), 40);
+    EXPECT_EQ(num(lag[80]), 800);
+    EXPECT_TRUE(lag[79].isNull());
+}
+
+TEST_F(JobTest, AMissingJobIsReportedAndAnEmptyOneIsNoFailure) {
+    byStrokes();
+    depth::RecalculateLag(ws, 0, 0, 0);
+    EXPECT_FALSE(ws.rt.Gdb_error) << "an empty job has nothing to lag";
+
+    ws.fm_Gas_Chart.txt_db_path.setText(folder.file("GONE.db"));
+    depth::RecalculateLag(ws, 0, 0, 0);
+    EXPECT_TRUE(folder.read("ERR_LOG.TXT").contains("Recalculate Lag Err: "));
+    EXPECT_TRUE(ws.rt.Gdb_error);
+    EXPECT_FALSE(ws.rt.Gdb_busy);
+}
+
+TEST_F(JobTest, ClearLagZeroesEveryRecord) {
+    for (int i = 0; i < 900; ++i) save(At(300 + i * 0.1));
+    ws.fm_setup.txt_str_per_100ft[1].setText("0");
+    byStrokes();
+    depth::RecalculateLag(ws, 0, 0, 0);
+    ASSERT_EQ(CountLagged(column("LAG_GU")), 899);
+    depth::cmd_Clear_Lag_Click(ws);
+    for (const char* c : {"LAG_GU", "DATA1"})
+        for (const auto& v : column(c)) EXPECT_EQ(num(v), 0.0);
+    EXPECT_FALSE(ws.rt.Gdb_busy);
+}

@@ -1,0 +1,78 @@
+// The time pass's lag in records, and the rate pass of a whole-file run.
+#include "job_fixture.h"
+
+#include "text/numbers.h"
+
+using depthtest::At;
+using depthtest::JobTest;
+using depthtest::Packet;
+using depthtest::Row;
+using depthtest::RowAt;
+
+TEST_F(JobTest, TheLagInRecordsDropsTheFractionOfAMinuteAndAddsTheLineLagWithWitsDown) {
+    // 1700 records at 9000 ft whose MIN_FT is their own number; 1.8 minutes
+    // per 100 ft: 9000 x 0.018 = 162 minutes, 1620 records.
+    std::vector<Row> rows;
+    for (int i = 0; i < 1700; ++i) rows.push_back(RowAt(9000).rate(i));
+    bulk(rows);
+    byTime();
+    ws.rt.Gwits_alive = 30;
+    depth::RecalculateLag(ws, 0, 0, 0);
+    EXPECT_EQ(num(column("DATA1")[1699]), 1699 - 1620);
+    EXPECT_EQ(num(column("DATA1")[1650]), 1650 - 1620);
+
+    // 9050 ft: 162.9 minutes, the fraction dropped: still 1620.
+    exec("UPDATE OMBRI_DB_010 SET DEPTH = 9050");
+    depth::RecalculateLag(ws, 0, 0, 0);
+    EXPECT_EQ(num(column("DATA1")[1699]), 1699 - 1620);
+    EXPECT_EQ(num(column("LAG_GU")[1699]), 9050);
+
+    // WITS down: the line lag's 120 s, 20 records, is added.
+    ws.rt.Gwits_alive = 0;
+    depth::RecalculateLag(ws, 0, 0, 0);
+    EXPECT_EQ(num(column("DATA1")[1699]), 1699 - 1640);
+    // A record too close to the start for this lag keeps what the run
+    // before gave it: a pass never clears.
+    EXPECT_EQ(num(column("DATA1")[1640]), 1640 - 1620);
+    EXPECT_EQ(num(column("DATA1")[1641]), 1);
+}
+
+TEST_F(JobTest, WithTheBoxTickedAWholeFileRunRewritesTheRateFromTheTimeEachFootTook) {
+    // Six seconds a record; the depth moves on every 10 records, 60 s a foot;
+    // record 25 is a new foot tick of the foot it is on.
+    for (int i = 0; i < 40; ++i) {
+        const double d = 500 + i / 10;
+        save(At(i == 25 ? -d : d).rate(9));
+    }
+    ws.fm_setup.ck_Fix_ROP.setValue(1);
+    byTime();
+    depth::RecalculateLag(ws, 0, 0, 0);
+    EXPECT_EQ(ws.fm_setup.ck_Fix_ROP.value(), 0) << "the box is cleared after the run";
+    const auto minFt = column("MIN_FT");
+    const auto ftHr = column("FT_HR");
+    // The first foot is taken as 1 min/ft, 1 ft/hr until the depth changes.
+    for (int i = 0; i < 10; ++i) {
+        EXPECT_EQ(num(minFt[i]), 1) << i;
+        EXPECT_EQ(num(ftHr[i]), 1) << i;
+    }
+    // Then 60 s / 60 = 1 min/ft and 60 ft/hr, the tick counting by its size.
+    for (int i = 10; i < 40; ++i) {
+        EXPECT_EQ(num(minFt[i]), 1) << i;
+        EXPECT_EQ(num(ftHr[i]), 60) << i;
+    }
+}
+
+TEST_F(JobTest, TheRatePassTakesASmallRateForAFootOfNoTime) {
+    // Two depths at the same second cannot be written through the writer
+    // (it refuses a repeated time), so this job is made through the store.
+    bulk({RowAt(700), RowAt(701), RowAt(702)});
+    exec("UPDATE OMBRI_DB_010 SET DT = '2026-11-01 06:00:00'");
+    ws.fm_setup.ck_Fix_ROP.setValue(1);
+    // Only a whole-file run does it.
+    depth::RecalculateLag(ws, 400, 0, 0);
+    EXPECT_EQ(num(column("MIN_FT")[2]), 1);
+    EXPECT_EQ(ws.fm_setup.ck_Fix_ROP.value(), 1);
+    depth::RecalculateLag(ws, 0, 0, 0);
+    EXPECT_EQ(num(column("MIN_FT")[2]), 0.0001);
+    EXPECT_DOUBLE_EQ(*num(column("FT_HR")[2]), 600000);
+}

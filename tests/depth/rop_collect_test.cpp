@@ -1,0 +1,124 @@
+// The depth arrays collected from a job file: the whole table, stretches of
+// it, by lag depth, and the figures that travel with them.
+#include "job_fixture.h"
+
+#include "text/numbers.h"
+
+using depthtest::At;
+using depthtest::JobTest;
+using depthtest::Packet;
+
+class RopCollect : public JobTest {
+  protected:
+    // 100 records, one foot every 10 (1000 to 1009 ft), the gas of record i
+    // being i, the rate of record i being i / 10.
+    void drill() {
+        for (int i = 0; i < 100; ++i) {
+            Packet p;
+            p.depth = 1000 + i / 10 + 0.25;
+            p.gas = i;
+            p.minFt = i / 10.0;
+            p.gases = {4, 2, 1, 0.5, 0.5};
+            save(p);
+        }
+    }
+};
+
+TEST_F(RopCollect, TheWholeTableFillsOneSlotPerClosedFoot) {
+    drill();
+    ws.depth.RopGasPeak[3000] = 99; // stale: the whole table clears first
+    ws.fm_setup.op1_oil_ind.setValue(1);
+    depth::cmd_get_all_ROP_Click(ws);
+    const auto& a = ws.depth;
+    EXPECT_EQ(a.RopGasPeak[3000], 0);
+    // Foot 1000 holds records 0-9 and was closed by record 10.
+    EXPECT_EQ(a.RopGasPeak[1000], 9);
+    EXPECT_EQ(a.RopMinFt[1000], 1) << "the rate of the record that crossed";
+    EXPECT_EQ(a.RopFtHr[1000], 60);
+    EXPECT_EQ(a.RopGasPeak[1008], 89);
+    EXPECT_EQ(a.RopGasPeak[1009], 0) << "the newest foot is still being drilled";
+    EXPECT_EQ(a.RopMinDepth, 1000);
+    EXPECT_EQ(a.RopMaxDepth, 1008);
+    EXPECT_EQ(a.RopLastPacket, 1100);
+    // C1 is 4 of 8 weighted parts of the foot's peak: 4.5 of 9.
+    EXPECT_DOUBLE_EQ(a.RopC1[1000], 4.5);
+    EXPECT_DOUBLE_EQ(a.RopOilInd[1000], 2 / 4.0);
+    EXPECT_EQ(depth::RopTimeToDate(a.RopTime[1000]), QDateTime(QDate(2026, 11, 1), QTime(6, 1, 0)));
+    EXPECT_FALSE(ws.rt.Gdb_busy);
+    EXPECT_FALSE(ws.fm_help.form.visible());
+    EXPECT_EQ(ws.fm_help.form.caption(), "Gathering ROP Data From Database");
+    EXPECT_TRUE(ws.fm_help.txt_help.text().contains("Gathering ROP data..."));
+}
+
+TEST_F(RopCollect, AStretchIsReadFromItsLowerEndUpToTheOtherAndSaysWhereToGoOn) {
+    drill();
+    int32_t first = 55, last = 25, result = 0;
+    depth::Collect_ROP_Data(ws, first, last, false, result);
+    const auto& a = ws.depth;
+    // Records 25 to 54: foot 1002 from record 25 (peak 29) closed by 30,
+    // 1003 and 1004 whole; 1005 is still open when the stretch ends.
+    EXPECT_EQ(result, 30);
+    EXPECT_EQ(first, 25) << "lastRec comes back in firstRec";
+    EXPECT_EQ(a.RopGasPeak[1002], 29);
+    EXPECT_EQ(a.RopGasPeak[1004], 49);
+    EXPECT_EQ(a.RopGasPeak[1005], 0);
+    EXPECT_EQ(a.RopMinDepth, 1002);
+    EXPECT_EQ(a.RopMaxDepth, 1004);
+    // A short stretch is read without the information box.
+    EXPECT_TRUE(ws.fm_help.txt_help.text().isEmpty());
+
+    // Going on from there adds to the arrays without clearing them.
+    first = 55;
+    last = 100;
+    depth::Collect_ROP_Data(ws, first, last, false, result);
+    EXPECT_EQ(a.RopGasPeak[1004], 49);
+    EXPECT_EQ(a.RopGasPeak[1005], 59) << "55 to 59 only: the stretch began mid-foot";
+    EXPECT_EQ(a.RopGasPeak[1008], 89);
+    // Past the newest record there is nothing to read.
+    first = 500;
+    last = 600;
+    depth::Collect_ROP_Data(ws, first, last, false, result);
+    EXPECT_EQ(result, 0);
+    EXPECT_FALSE(ws.rt.Gdb_error);
+    // A negative end reads nothing at all.
+    first = -1;
+    last = 10;
+    result = 7;
+    depth::Collect_ROP_Data(ws, first, last, false, result);
+    EXPECT_EQ(result, 7);
+}
+
+TEST_F(RopCollect, LaggedArraysFollowTheLagAndItsRate) {
+    drill();
+    // Lag each record 20 records back (a zone of 0 strokes would lag to
+    // itself, so lag by hand through SQL: LAG_GU from the record 20 before).
+    exec("UPDATE OMBRI_DB_010 SET LAG_GU = (SELECT b.DEPTH FROM OMBRI_DB_010 b "
+         "WHERE b.PACKET_NUM = OMBRI_DB_010.PACKET_NUM - 20), DATA1 = 7 WHERE PACKET_NUM > 1020");
+    exec("UPDATE OMBRI_DB_010 SET ERR_TXT = '0 *' WHERE PACKET_NUM = 1040");
+    int32_t first = 0, last = 0, result = 0;
+    depth::Collect_ROP_Data(ws, first, last, true, result);
+    const auto& a = ws.depth;
+    // Records 20-29 carry lag depth 1000: the lag gas there is their best gas.
+    EXPECT_EQ(a.RopLagGas[1000], 29);
+    // Records 0-19 have no lag: they stay on the drilled foot they started on.
+    EXPECT_EQ(a.RopGasPeak[1000], 29);
+    // Record 38 is the best good gas lagged to 1001: 39 is bad.
+    EXPECT_EQ(a.RopLagGas[1001], 38);
+    EXPECT_EQ(a.RopMinFt[1001], 7) << "DATA1, the rate at the lag depth";
+    EXPECT_EQ(a.RopGasPeak[1001], 39);
+    EXPECT_TRUE(ws.fm_help.txt_help.text().contains("Gathering LAGGED ROP data..."));
+}
+
+TEST_F(RopCollect, ItStandsBackWhileTheFileIsBusyAndReportsAFailure) {
+    drill();
+    ws.rt.Gdb_busy = true;
+    depth::Collect_ROP_Data(ws);
+    EXPECT_EQ(ws.depth.RopMaxDepth, 0);
+    ws.rt.Gdb_busy = false;
+
+    exec("UPDATE OMBRI_DB_010 SET GAS_UNITS = 'lots' WHERE PACKET_NUM = 1050");
+    depth::Collect_ROP_Data(ws);
+    EXPECT_EQ(logged("DB ROP Chart Err: Type mismatch  Err pt: 6"), 1);
+    EXPECT_FALSE(ws.rt.Gdb_busy);
+    EXPECT_FALSE(ws.fm_help.form.visible());
+}

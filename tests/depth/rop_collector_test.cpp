@@ -1,0 +1,171 @@
+// The per-foot collection on plain records: which slot a record feeds, what
+// a closed foot holds, and the records that are refused.
+#include "depth/rop_collector.h"
+
+#include <gtest/gtest.h>
+#include <memory>
+
+using namespace depth;
+
+namespace {
+
+RopRecord Rec(double depth, double gas, double minFt = 2) {
+    RopRecord r;
+    r.depth = depth;
+    r.gasUnits = gas;
+    r.minFt = minFt;
+    for (auto& g : r.gas) g = 0.0;
+    r.o2 = 20.9;
+    r.co2 = 0.1;
+    r.h2s = 0;
+    r.dt = QDateTime(QDate(2026, 11, 1), QTime(6, 0));
+    return r;
+}
+
+class Collector : public ::testing::Test {
+  protected:
+    std::unique_ptr<DepthState> a = std::make_unique<DepthState>();
+
+    void run(RopOptions o, const std::vector<RopRecord>& recs) {
+        RopCollector c(*a, o);
+        c.start(recs.front());
+        for (const auto& r : recs) c.take(r);
+    }
+};
+
+} // namespace
+
+TEST_F(Collector, AFootClosesOnTheRecordThatLeavesItWithThatRecordsRateAndTime) {
+    auto r1 = Rec(1000.2, 30, 3);
+    auto r2 = Rec(1000.8, 80, 4);
+    r2.gas = {40.0, 10.0, 5.0, 0.0, 0.0, std::nullopt, std::nullopt};
+    auto r3 = Rec(1001.1, 20, 5); // crosses into 1001: closes 1000
+    r3.o2 = 19.5;
+    r3.dt = QDateTime(QDate(2026, 11, 1), QTime(6, 30));
+    auto r4 = Rec(1003.4, 10, 6); // crosses two feet at once: 1002 is left empty
+    run({}, {r1, r2, r3, r4});
+
+    EXPECT_EQ(a->RopGasPeak[1000], 80);
+    EXPECT_EQ(a->RopMinFt[1000], 5) << "the rate of the record that crossed";
+    EXPECT_EQ(a->RopFtHr[1000], 12);
+    EXPECT_EQ(a->RopO2[1000], 19.5);
+    EXPECT_EQ(RopTimeToDate(a->RopTime[1000]), r3.dt);
+    // Breakdown of 40, 10, 5 at gain 1 stacked to the peak of 80.
+    EXPECT_DOUBLE_EQ(a->RopC1[1000], 80 * 40 / 55.0);
+    EXPECT_DOUBLE_EQ(a->RopC1[1000] + a->RopC2[1000] + a->RopC3[1000], 80);
+    // Foot 1001 holds r3 alone and was closed by r4.
+    EXPECT_EQ(a->RopGasPeak[1001], 20);
+    EXPECT_EQ(a->RopMinFt[1001], 6);
+    EXPECT_EQ(a->RopGasPeak[1002], 0);
+    EXPECT_EQ(a->RopMinFt[1002], 0);
+    // The newest foot is not closed yet.
+    EXPECT_EQ(a->RopGasPeak[1003], 0);
+    EXPECT_EQ(a->RopMinDepth, 1000);
+    EXPECT_EQ(a->RopMaxDepth, 1001);
+}
+
+TEST_F(Collector, DepthsAtTheLimitAndBeyond) {
+    // 49990 is kept; 49991 is bad data and leaves the foot where it was.
+    run({},
+        {Rec(49989.5, 10), Rec(49990.2, 20), Rec(49991.0, 99), Rec(50500, 98), Rec(49989.0, 5)});
+    EXPECT_EQ(a->RopGasPeak[49989], 10);
+    // The refused records still count toward the foot they could not leave.
+    EXPECT_EQ(a->RopGasPeak[49990], 99);
+    EXPECT_EQ(a->RopMaxDepth, 49990);
+    EXPECT_EQ(a->RopGasPeak[49991], 0);
+}
+
+TEST_F(Collector, ANewFootTickCountsByItsSizeOnTheSameSlot) {
+    // -1200.7 and 1200.3 are the same foot: no foot is closed between them.
+    run({}, {Rec(1199.5, 5), Rec(-1200.7, 40), Rec(1200.3, 30), Rec(1201.0, 1)});
+    EXPECT_EQ(a->RopGasPeak[1200], 40);
+    EXPECT_EQ(a->RopGasPeak[1199], 5);
+    EXPECT_EQ(a->RopMinDepth, 1199);
+    EXPECT_EQ(a->RopMaxDepth, 1200);
+}
+
+TEST_F(Collector, NoGasOnAFootAndNoRate) {
+    // Gas units but no chromatograph gas: the shares are 0 and the peak
+    // stays what the gas units made it.
+    RopOptions o;
+    o.oilIndicator = 1;
+    auto close = Rec(501, 0, 0);
+    run(o, {Rec(500, 30), Rec(500.5, 45), close});
+    EXPECT_EQ(a->RopGasPeak[500], 45);
+    for (auto* arr :
+         {&a->RopC1, &a->RopC2, &a->RopC3, &a->RopIC4, &a->RopNC4, &a->RopIC5, &a->RopNC5})
+        EXPECT_EQ((*arr)[500], 0);
+    // MIN_FT 0: no feet per hour rather than a division failure.
+    EXPECT_EQ(a->RopMinFt[500], 0);
+    EXPECT_EQ(a->RopFtHr[500], 0);
+    EXPECT_EQ(a->RopOilInd[500], 0) << "(0+0+0)/0.0001";
+}
+
+TEST_F(Collector, LaggedCollectionRunsOnLagDepthAndBadGasAddsNoLagGas) {
+    RopOptions o;
+    o.lagged = true;
+    auto lag = [](double depth, double lagGu, double gas, bool bad = false) {
+        RopRecord r = Rec(depth, gas);
+        r.lagGu = lagGu;
+        r.badGas = bad;
+        r.data1 = 7.5;
+        return r;
+    };
+    auto noLag = Rec(1100.5, 12);
+    noLag.lagGu = std::nullopt; // a Null lag leaves the foot as it was
+    run(o, {lag(1100, 1000.2, 50), lag(1100.2, 1000.6, 70, true), noLag,
+            lag(1100.7, 1001.4, 90, true), lag(1101, 1001.8, 20), lag(1101.5, 1002.1, 5)});
+    // Good gas at lag depth 1000 peaked at 50: the bad 70 is not the lag gas.
+    EXPECT_EQ(a->RopLagGas[1000], 50);
+    // The bad record still moved the foot: 1001 holds 90 and 20.
+    EXPECT_EQ(a->RopLagGas[1001], 20);
+    EXPECT_EQ(a->RopGasPeak[1001], 90);
+    // The foot's peak counts every record, bad ones and the Null lag included.
+    EXPECT_EQ(a->RopGasPeak[1000], 70);
+    EXPECT_EQ(a->RopMinFt[1000], 7.5) << "DATA1, the rate at the lag depth";
+    // The run began on the first record's drilled foot, which was closed at once.
+    EXPECT_EQ(a->RopMinDepth, 1000);
+    EXPECT_EQ(a->RopMaxDepth, 1100);
+}
+
+TEST_F(Collector, CustomChannelsGoToTheFootBeingDrilledAndGammaToItsOwnDepth) {
+    RopOptions o;
+    o.gammaScaleMax = 150;
+    auto r1 = Rec(700.1, 1);
+    r1.custom[0] = 12.5;
+    r1.custom[2] = 3.0;
+    r1.gamma = 80.0;
+    r1.gammaLag = 650.7; // WITS puts the reading at 650 ft
+    auto r2 = Rec(700.6, 1);
+    r2.custom[0] = std::nullopt; // Null keeps the last value met
+    r2.gamma = 200.0;            // above the scale: noise
+    r2.gammaLag = 650.9;
+    auto r3 = Rec(701.2, 1);
+    r3.custom[0] = 14.0; // belongs to 700: it is read before the foot closes
+    run(o, {r1, r2, r3});
+    EXPECT_EQ(a->RopKW7001[700], 14);
+    EXPECT_EQ(a->RopKW7005[700], 3);
+    EXPECT_EQ(a->RopGamma[650], 80);
+    EXPECT_EQ(a->RopGamma[700], 0);
+
+    // With the override, or without a WITS gamma depth, the reading sits the
+    // manual gamma lag above the drilled foot.
+    a->clear();
+    o.gammaOverride = true;
+    o.manualGammaLag = 45;
+    run(o, {r1, r2, r3});
+    EXPECT_EQ(a->RopGamma[655], 80);
+    EXPECT_EQ(a->RopGamma[650], 0);
+    a->clear();
+    o.gammaOverride = false;
+    r1.gammaLag = 0.4; // whole part 0
+    run(o, {r1});
+    EXPECT_EQ(a->RopGamma[655], 80);
+}
+
+TEST(RopTime, DayNumbersFromTheCalendar) {
+    EXPECT_EQ(RopTimeFromDate(QDateTime()), 0);
+    EXPECT_EQ(RopTimeFromDate(QDateTime(QDate(1900, 1, 1), QTime(12, 0))), 2.5);
+    const QDateTime t(QDate(2026, 11, 1), QTime(6, 0, 6));
+    EXPECT_EQ(RopTimeToDate(RopTimeFromDate(t)), t);
+}
