@@ -1,0 +1,143 @@
+// make-demo-job: writes the demonstration job, two days of drilling drawn
+// from the shared drilling model, through the program's own intake: each
+// sample's packet line and the WITS line the instrument relays after it go
+// through the line parser into the record writer, as they would live.
+//
+//   make-demo-job <program folder>
+//       the kept copy <folder>/V11_DEMO.DB and the job <folder>/DB_CUE/V11_DEMO.DB
+//   make-demo-job --out <file> [--rows N] [--seed S] [--report]
+//       one job file; --report commits every row on its own and prints
+//       "<packet> <ID> <gas units>" once the row is committed
+//
+// The same arguments give the same rows every time.
+
+#include "acquisition/timers.h"
+#include "acquisition/workstation.h"
+#include "store/lifecycle.h"
+#include "store/schema.h"
+#include "tools/common/drilling_model.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QTemporaryDir>
+
+#include <cstdio>
+
+namespace {
+
+struct Args {
+    QString folder;
+    QString out;
+    long rows = 2 * 24 * 600; // two days of six-second packets
+    uint32_t seed = 1;
+    bool report = false;
+};
+
+bool Parse(const QStringList& a, Args& args) {
+    for (int i = 1; i < a.size(); ++i) {
+        const QString& s = a[i];
+        const bool more = i + 1 < a.size();
+        if (s == "--out" && more)
+            args.out = a[++i];
+        else if (s == "--rows" && more)
+            args.rows = a[++i].toLong();
+        else if (s == "--seed" && more)
+            args.seed = a[++i].toUInt();
+        else if (s == "--report")
+            args.report = true;
+        else if (!s.startsWith("--") && args.folder.isEmpty())
+            args.folder = s;
+        else
+            return false;
+    }
+    return (args.folder.isEmpty() != args.out.isEmpty()) && args.rows > 0;
+}
+
+// One line through the intake tick: the parser takes one line a tick.
+void Feed(Workstation& ws, const QString& line) {
+    ws.rt.Garrival_buffer += line;
+    acq::tmrDataArrival_Timer(ws);
+}
+
+// Writes the job into `path`; false with the reason on stderr.
+bool Write(const Args& args, const QString& path) {
+    QTemporaryDir scratch; // the workstation's logs stay out of the way
+    Workstation ws(scratch.path());
+    store::RemoveJobFile(path);
+    store::MakeBlankJob(path, ws.rt.Gtable_name);
+    ws.fm_Gas_Chart.txt_db_path.setText(path);
+    // IDs from 1; the stream of WITS is up from the first sample, so every
+    // row is written at its WITS line with strokes counting.
+    ws.db.NextRecordId = 0;
+    ws.rt.Gwits_alive = 60;
+
+    // Unless every row is to stand on its own, the rows go into batches
+    // held on a connection of the tool's: the writer joins a transaction
+    // that holds the file, and a flush a thousand rows is enough here.
+    store::Database batch;
+    if (!args.report) {
+        batch = store::OpenDatabase(path);
+        batch.BeginTrans();
+    }
+    drill::Options opt;
+    opt.seed = args.seed;
+    drill::Model model(opt);
+    for (long i = 0; i < args.rows; ++i) {
+        const drill::Sample s = model.next();
+        Feed(ws, drill::Model::PacketLine(s));
+        Feed(ws, drill::Model::WitsLine(s));
+        if (ws.rt.Gdb_error) {
+            std::fprintf(stderr, "make-demo-job: %s\n",
+                         qPrintable(ws.fm_Gas_Chart.txt_message.text()));
+            return false;
+        }
+        if (args.report) {
+            std::printf("%ld %d %s\n", s.packetNumber, ws.db.NextRecordId,
+                        qPrintable(s.fields[acq::GASUNITS]));
+            std::fflush(stdout);
+        } else if (i % 1000 == 999) {
+            batch.CommitTrans();
+            batch.BeginTrans();
+        }
+    }
+    if (!args.report) {
+        batch.CommitTrans();
+        batch.Close();
+    }
+    store::CloseSharedDb(ws);
+    return true;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    QCoreApplication app(argc, argv);
+    Args args;
+    if (!Parse(app.arguments(), args)) {
+        std::fprintf(stderr,
+                     "usage: make-demo-job <program folder>\n"
+                     "       make-demo-job --out <file> [--rows N] [--seed S] [--report]\n");
+        return 2;
+    }
+    if (!args.out.isEmpty()) {
+        QDir().mkpath(QFileInfo(args.out).path());
+        return Write(args, args.out) ? 0 : 1;
+    }
+    // Built beside the finished files, then put in place, so a failed run
+    // leaves the last good demonstration job.
+    const QString kept = args.folder + "/V11_DEMO.DB";
+    const QString job = args.folder + "/DB_CUE/V11_DEMO.DB";
+    const QString part = args.folder + "/V11_DEMO.DB.part";
+    QDir().mkpath(args.folder + "/DB_CUE");
+    if (!Write(args, part)) {
+        store::RemoveJobFile(part);
+        return 1;
+    }
+    store::CopyDatabase(part, job);
+    if (!store::PutJobFileInPlace(part, kept)) {
+        std::fprintf(stderr, "make-demo-job: could not write %s\n", qPrintable(kept));
+        return 1;
+    }
+    return 0;
+}
