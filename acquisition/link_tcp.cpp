@@ -37,7 +37,8 @@ long UptimeColour(double uptime) {
 }
 
 // A line cut off by the old connection would glue itself to the first
-// packet of the new one and spoil it; whole lines still waiting are kept.
+// packet of the new one and spoil both; whole lines still waiting are kept.
+// Done before the new connection can deliver anything.
 // The pending text is the line buffer followed by the arrival buffer.
 void DropBrokenLine(Runtime& rt) {
     auto cut = [](QString& s) {
@@ -67,6 +68,7 @@ void Connect(Workstation& ws) {
     ws.fm_Gas_Chart.cmd_comm1.setBackColor(forms::color::Red);
     ws.fm_Gas_Chart.cmd_comm1.setCaption(QStringLiteral("Kettlewick Disconnected"));
     close_winsock(ws);
+    DropBrokenLine(rt);
     if (rt.Gtcp_host.size() < 5) return;
 
     // Both ports to 0 first, so no earlier binding survives into this try.
@@ -93,7 +95,6 @@ void Connect(Workstation& ws) {
     }
     rt.Glink_countdown = 61;
     rt.Gdetector_found = true;
-    DropBrokenLine(rt);
 
     auto& button = ws.fm_Gas_Chart.cmd_comm1;
     button.setBackColor(UptimeColour(rt.Guptime_percent));

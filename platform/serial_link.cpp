@@ -80,10 +80,12 @@ void SerialLink::Output(const QString& text) {
 }
 
 void SerialLink::closeIfGone() {
-    // A device that went away (adapter pulled, the far end of a
-    // pseudo-terminal closed) reports a resource error; anything it still
-    // held has been read, so close and let the countdown bring the rescan.
-    if (port_.isOpen() && port_.error() == QSerialPort::ResourceError) {
+    // A device that went away reports a resource error (adapter pulled) or
+    // a read error (the far end of a pseudo-terminal closed); anything it
+    // still held has been read, so close and let the countdown bring the
+    // rescan.
+    const auto e = port_.error();
+    if (port_.isOpen() && (e == QSerialPort::ResourceError || e == QSerialPort::ReadError)) {
         error_ = port_.errorString();
         port_.close();
     }

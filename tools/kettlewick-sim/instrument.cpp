@@ -29,10 +29,13 @@ Instrument::Instrument(const Settings& s, Channel& channel)
         echo_ = true;
         twoWay_ = false;
         pending_.clear();
+        replies_.clear();
         note(QStringLiteral("CONNECT"));
     };
     ch_.onNote = [this](const QString& t) { note(t); };
     QObject::connect(&packetTimer_, &QTimer::timeout, [this] { sendPacket(); });
+    replyTimer_.setSingleShot(true);
+    QObject::connect(&replyTimer_, &QTimer::timeout, [this] { sendNextReply(); });
 }
 
 void Instrument::start() {
@@ -111,7 +114,16 @@ void Instrument::received(const QByteArray& bytes) {
 }
 
 void Instrument::reply(const QString& line) {
-    ch_.write((line + QStringLiteral("\r\n")).toLatin1());
+    replies_.append(line);
+    if (!replyTimer_.isActive()) sendNextReply();
+}
+
+// The console works through its commands one at a time, so each answer
+// reaches the workstation on its own rather than in one burst.
+void Instrument::sendNextReply() {
+    if (replies_.isEmpty()) return;
+    ch_.write((replies_.takeFirst() + QStringLiteral("\r\n")).toLatin1());
+    replyTimer_.start(s_.replyGapMs);
 }
 
 void Instrument::handleLine(const QString& raw) {

@@ -18,6 +18,7 @@ struct Settings {
     bool garbage = false;   // noise and broken packets between good ones
     bool relayWits = false; // a "^" line after each packet
     bool twoWayLogin = false;
+    int replyGapMs = 250; // the console answers one line at a time
     QString logPath;
     drill::Options model;
 };
@@ -36,6 +37,7 @@ class Instrument {
     void received(const QByteArray& bytes);
     void handleLine(const QString& line);
     void reply(const QString& line);
+    void sendNextReply();
     void checkLagDepth(const QString& line);
     bool validKeyBlock(const QString& line) const;
 
@@ -43,6 +45,8 @@ class Instrument {
     Channel& ch_;
     drill::Model model_;
     QTimer packetTimer_;
+    QTimer replyTimer_;
+    QStringList replies_;
     QFile log_;
     std::mt19937 noise_;
 

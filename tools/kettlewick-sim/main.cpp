@@ -63,8 +63,10 @@ int main(int argc, char** argv) {
     const QCommandLineOption garbage("garbage", "Send noise and broken packets between good ones.");
     const QCommandLineOption wits("relay-wits", "Send a WITS line after each packet.");
     const QCommandLineOption login("two-way-login", "Accept a well-formed login block.");
-    p.addOptions(
-        {tcp, pty, serial, interval, seed, depth, first, start, log, drop, garbage, wits, login});
+    const QCommandLineOption gap("reply-gap", "Milliseconds between console answers (250).", "MS",
+                                 "250");
+    p.addOptions({tcp, pty, serial, interval, seed, depth, first, start, log, drop, garbage, wits,
+                  login, gap});
     p.process(app);
 
     sim::Settings s;
@@ -94,6 +96,7 @@ int main(int argc, char** argv) {
     s.garbage = p.isSet(garbage);
     s.relayWits = p.isSet(wits);
     s.twoWayLogin = p.isSet(login);
+    s.replyGapMs = std::max(0, p.value(gap).toInt());
 
     std::unique_ptr<sim::Channel> channel;
     if (p.isSet(tcp))

@@ -24,11 +24,17 @@ class SerialChannel : public Channel {
         });
         QObject::connect(&port_, &QSerialPort::errorOccurred,
                          [this](QSerialPort::SerialPortError e) {
-                             if (e != QSerialPort::ResourceError) return;
+                             if (e != QSerialPort::ResourceError && e != QSerialPort::ReadError)
+                                 return;
                              if (onNote) onNote("DEVICE LOST " + port_.errorString());
                              port_.close();
                              QTimer::singleShot(kRetryMs, [this] { reopen(); });
                          });
+    }
+
+    ~SerialChannel() override {
+        // What was logged as sent goes out before the port closes.
+        if (port_.isOpen()) port_.waitForBytesWritten(1000);
     }
 
     bool start(QString& error) override {
@@ -41,7 +47,9 @@ class SerialChannel : public Channel {
     }
     bool connected() const override { return port_.isOpen() && !silent_; }
     void write(const QByteArray& bytes) override {
-        if (connected()) port_.write(bytes);
+        if (!connected()) return;
+        port_.write(bytes);
+        port_.flush();
     }
     void drop() override {
         silent_ = true;

@@ -14,7 +14,12 @@ class TcpChannel : public Channel {
   public:
     explicit TcpChannel(quint16 port) : port_(port) {}
     ~TcpChannel() override {
-        if (client_) client_->abort();
+        // A stop is a clean hang-up: what was logged as sent goes out first.
+        if (!client_) return;
+        client_->flush();
+        client_->disconnectFromHost();
+        if (client_ && client_->state() != QAbstractSocket::UnconnectedState)
+            client_->waitForDisconnected(2000);
     }
 
     bool start(QString& error) override {
@@ -29,7 +34,9 @@ class TcpChannel : public Channel {
         return client_ && client_->state() == QAbstractSocket::ConnectedState;
     }
     void write(const QByteArray& bytes) override {
-        if (connected()) client_->write(bytes);
+        if (!connected()) return;
+        client_->write(bytes);
+        client_->flush();
     }
     void drop() override {
         if (!client_) return;

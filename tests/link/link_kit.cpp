@@ -1,0 +1,163 @@
+#include "link_kit.h"
+
+#include "acquisition/timers.h"
+#include "store/schema.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QFileInfo>
+#include <QTcpServer>
+#include <QThread>
+#include <QTimer>
+#include <sqlite3.h>
+
+namespace linktest {
+
+quint16 FreePort() {
+    QTcpServer probe;
+    probe.listen(QHostAddress::LocalHost, 0);
+    return probe.serverPort();
+}
+
+void Pump(int ms) {
+    PumpUntil(ms, [] { return false; });
+}
+
+bool PumpUntil(int ms, const std::function<bool()>& done) {
+    QElapsedTimer t;
+    t.start();
+    while (t.elapsed() < ms) {
+        if (done()) return true;
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 20);
+    }
+    return done();
+}
+
+QString SimPath() {
+    return QStringLiteral(GASCHART_BINARY_DIR "/kettlewick-sim");
+}
+
+bool Simulator::start(const QStringList& args) {
+    proc_.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    proc_.start(SimPath(), args + QStringList{"--log", log_});
+    if (!proc_.waitForStarted(5000)) return false;
+    // It says so once the wire is up.
+    return PumpUntil(5000, [this] { return proc_.canReadLine() || count("READY") > 0; });
+}
+
+void Simulator::stop() {
+    if (proc_.state() == QProcess::NotRunning) return;
+    proc_.terminate();
+    if (!proc_.waitForFinished(5000)) proc_.kill();
+    proc_.waitForFinished(2000);
+}
+
+QStringList Simulator::lines(const QString& word) const {
+    QStringList out;
+    QFile f(log_);
+    if (!f.open(QIODevice::ReadOnly)) return out;
+    for (const QByteArray& line : f.readAll().split('\n'))
+        if (line.startsWith(word.toLatin1())) out << QString::fromLatin1(line);
+    return out;
+}
+
+std::set<long> Simulator::sent() const {
+    std::set<long> out;
+    for (const QString& l : lines("PACKET ")) out.insert(l.mid(7).toLong());
+    return out;
+}
+
+bool PortPair::start() {
+    QDir().mkpath(dir_);
+    proc_.start("socat", {"pty,raw,echo=0,link=" + workstationEnd(),
+                          "pty,raw,echo=0,link=" + instrumentEnd()});
+    if (!proc_.waitForStarted(3000)) return false;
+    for (int i = 0; i < 100; ++i) {
+        if (QFileInfo::exists(workstationEnd()) && QFileInfo::exists(instrumentEnd())) return true;
+        QThread::msleep(30);
+    }
+    return false;
+}
+
+void PortPair::stop() {
+    if (proc_.state() == QProcess::NotRunning) return;
+    proc_.terminate();
+    if (!proc_.waitForFinished(3000)) proc_.kill();
+    proc_.waitForFinished(2000);
+}
+
+Station::Station() {
+    QDir().mkpath(folder.file("DB_CUE"));
+    job = folder.file("DB_CUE/LINK.DB");
+    store::MakeBlankJob(job, store::kRecordTable);
+    ws.fm_Gas_Chart.txt_db_path.setText(job);
+    ws.rt.Gstarting_up = false;
+    ws.rt.Grefresh_paused = true; // no chart refresh in the middle of a link test
+    ws.ports.setScanDevices(false);
+    // Connected after the workstation's own handler, so it runs after each
+    // intake tick and sees every packet the parser took (one per tick).
+    QObject::connect(ws.timer("tmrDataArrival"), &QTimer::timeout, [this] {
+        const QString p = ws.rt.Gombri_data_array[acq::PACKETNUM];
+        if (p != lastPacket_) {
+            lastPacket_ = p;
+            parsed.push_back(p.trimmed().toLong());
+        }
+    });
+}
+
+Station::~Station() {
+    ws.closing = true;
+    ws.StopTimers();
+    ws.Winsock_ombri.Close();
+    ws.MSComm1.SetPortOpen(false);
+}
+
+void Station::startIntake() {
+    ws.timer("tmrDataArrival")->start();
+    ws.timer("tmr_delay")->start();
+}
+
+void Station::useTcp(quint16 port) {
+    ws.rt.Guse_tcp = true;
+    ws.rt.Gtcp_host = QStringLiteral("127.0.0.1");
+    ws.rt.Gtcp_port = QString::number(port);
+}
+
+bool Station::superviseUntilAttempt() {
+    for (int i = 0; i < 70; ++i) {
+        const bool last = ws.rt.Glink_countdown <= 1;
+        acq::tmr_refresh_Timer(ws);
+        Pump(5);
+        if (last) return true;
+    }
+    return false;
+}
+
+std::set<long> Station::stored() const {
+    std::set<long> out;
+    sqlite3* db = nullptr;
+    if (sqlite3_open_v2(job.toUtf8().constData(), &db, SQLITE_OPEN_READONLY, nullptr) !=
+        SQLITE_OK) {
+        sqlite3_close(db);
+        return out;
+    }
+    sqlite3_stmt* st = nullptr;
+    if (sqlite3_prepare_v2(db, "SELECT PACKET_NUM FROM OMBRI_DB_010", -1, &st, nullptr) ==
+        SQLITE_OK) {
+        while (sqlite3_step(st) == SQLITE_ROW) out.insert(long(sqlite3_column_int64(st, 0)));
+    }
+    sqlite3_finalize(st);
+    sqlite3_close(db);
+    return out;
+}
+
+bool Station::drained() {
+    const bool sockEmpty = ws.Winsock_ombri.BytesReceived() == 0;
+    const bool serialEmpty = !ws.MSComm1.PortOpen() || ws.MSComm1.InBufferCount() == 0;
+    return sockEmpty && serialEmpty && ws.rt.Garrival_buffer.isEmpty() &&
+           !ws.rt.Gline_buffer.contains(QChar(13));
+}
+
+} // namespace linktest

@@ -1,0 +1,87 @@
+#pragma once
+// What the link tests share: the instrument simulator as a real process, a
+// socat port pair, and a workstation over a temporary program folder with a
+// job file, whose intake tick is watched for the packets it takes.
+
+#include "acquisition/runtime.h"
+#include "acquisition/workstation.h"
+#include "program_folder.h"
+#include "scripted_dialogs.h"
+
+#include <QProcess>
+#include <QString>
+#include <QTemporaryDir>
+#include <set>
+#include <vector>
+
+namespace linktest {
+
+quint16 FreePort();
+// Let the loop run for ms milliseconds (the timers that were started fire).
+void Pump(int ms);
+// Let the loop run until done() or ms have passed; the result of done().
+bool PumpUntil(int ms, const std::function<bool()>& done);
+
+class Simulator {
+  public:
+    explicit Simulator(QString logPath) : log_(std::move(logPath)) {}
+    ~Simulator() { stop(); }
+    bool start(const QStringList& args);
+    // A polite stop: what was written still reaches the other end.
+    void stop();
+    // Lines of the simulator's log that start with the word.
+    QStringList lines(const QString& word) const;
+    int count(const QString& word) const { return static_cast<int>(lines(word).size()); }
+    // Packet numbers the simulator put on the wire whole.
+    std::set<long> sent() const;
+
+  private:
+    QString log_;
+    QProcess proc_;
+};
+
+class PortPair {
+  public:
+    // Both ends are links in dir, so a pair made again lands on the same names.
+    explicit PortPair(const QString& dir) : dir_(dir) {}
+    ~PortPair() { stop(); }
+    bool start();
+    void stop();
+    QString workstationEnd() const { return dir_ + "/ws"; }
+    QString instrumentEnd() const { return dir_ + "/kw"; }
+
+  private:
+    QString dir_;
+    QProcess proc_;
+};
+
+struct Station {
+    Station();
+    ~Station();
+    testkit::ProgramFolder folder;
+    testkit::ScriptedDialogs dialogs;
+    Workstation ws{folder.path(), &dialogs};
+    QString job;
+    // Every packet number the parser took, in order.
+    std::vector<long> parsed;
+
+    // The intake and the delay counter run as in the program; the
+    // supervision tick is the test's to call.
+    void startIntake();
+    void useTcp(quint16 port);
+    // Calls the supervision tick until the countdown has run out and a
+    // link attempt has been made; false if none came within 70 ticks.
+    bool superviseUntilAttempt();
+    std::set<long> parsedSet() const { return {parsed.begin(), parsed.end()}; }
+    // Packet numbers of the rows in the job, read straight with SQLite.
+    std::set<long> stored() const;
+    // Nothing waits in the buffers or on the socket.
+    bool drained();
+
+  private:
+    QString lastPacket_;
+};
+
+QString SimPath();
+
+} // namespace linktest

@@ -1,0 +1,154 @@
+// The instrument on a serial port: a socat pair placed at a port number, or
+// the simulator's own pseudo-terminal that vanishes and comes back.
+#include "acquisition/link.h"
+#include "acquisition/timers.h"
+#include "link_kit.h"
+
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+using namespace linktest;
+
+namespace {
+
+void ExpectFound(Station& st, int port) {
+    EXPECT_TRUE(st.ws.rt.Gdetector_found);
+    EXPECT_EQ(st.ws.rt.Gcomm_port, port);
+    EXPECT_TRUE(st.ws.MSComm1.PortOpen());
+    EXPECT_EQ(st.ws.fm_Gas_Chart.cmd_comm1.caption(), "Kettlewick Connected");
+    EXPECT_EQ(st.ws.fm_Gas_Chart.cmd_comm1.backColor(), forms::color::Green);
+    EXPECT_EQ(st.ws.rt.Glink_countdown, 61);
+}
+
+} // namespace
+
+TEST(SerialLink, ScanFindsTheInstrumentOnPortTwentyAndPacketsArrive) {
+    QTemporaryDir dir;
+    PortPair pair(dir.path());
+    ASSERT_TRUE(pair.start()) << "socat did not give a port pair";
+    Station st;
+    Simulator sim(st.folder.file("sim.log"));
+    ASSERT_TRUE(
+        sim.start({"--serial", pair.instrumentEnd(), "--interval", "0.3", "--first-packet", "1"}));
+    st.ws.ports.place(20, pair.workstationEnd());
+    st.startIntake();
+
+    acq::SerialFindKettlewick(st.ws);
+    ExpectFound(st, 20);
+    // One question on the one port that answered, in the first pass, and
+    // the echo switched off because the box is clear.
+    EXPECT_EQ(sim.count("COMMAND ?"), 1);
+    ASSERT_TRUE(PumpUntil(2000, [&] { return sim.count("COMMAND ECHO OFF") == 1; }));
+
+    Pump(2000);
+    sim.stop();
+    Pump(300); // socat's hop
+    ASSERT_TRUE(PumpUntil(3000, [&] { return st.drained(); }));
+    const std::set<long> sent = sim.sent();
+    ASSERT_GE(sent.size(), 5u);
+    const std::set<long> parsed = st.parsedSet();
+    // Packets that shared a read with the banner are lost with it; every
+    // one sent once the scan was done is taken.
+    const QStringList log = sim.lines("");
+    const auto done = log.indexOf("COMMAND ECHO OFF");
+    int after = 0;
+    for (auto i = done + 1; i < log.size(); ++i) {
+        if (!log[i].startsWith("PACKET ")) continue;
+        ++after;
+        EXPECT_TRUE(parsed.count(log[i].mid(7).toLong())) << log[i].toStdString();
+    }
+    EXPECT_GE(after, 4);
+    for (long p : st.stored()) EXPECT_TRUE(sent.count(p));
+    // lag depth goes back on serial too, with no keep-alive byte
+    EXPECT_GE(sim.count("LAGDEPTH 0.0 "), 3);
+    for (const QString& l : sim.lines("LAGDEPTH ")) EXPECT_TRUE(l.endsWith(" OK"));
+    EXPECT_EQ(sim.count("KEEPALIVE "), 0);
+}
+
+TEST(SerialLink, SuppressedEchoBoxSendsNoEchoOff) {
+    QTemporaryDir dir;
+    PortPair pair(dir.path());
+    ASSERT_TRUE(pair.start());
+    Station st;
+    Simulator sim(st.folder.file("sim.log"));
+    ASSERT_TRUE(sim.start({"--serial", pair.instrumentEnd(), "--interval", "6"}));
+    st.ws.ports.place(4, pair.workstationEnd());
+    st.ws.fm_setup.ck_supp_echo.setChecked(true);
+    st.startIntake();
+    acq::SerialFindKettlewick(st.ws);
+    ExpectFound(st, 4);
+    Pump(500);
+    EXPECT_EQ(sim.count("COMMAND ECHO OFF"), 0);
+}
+
+TEST(SerialLink, AVanishedPortIsRescannedAndFoundAgain) {
+    QTemporaryDir dir;
+    auto pair = std::make_unique<PortPair>(dir.path());
+    ASSERT_TRUE(pair->start());
+    Station st;
+    Simulator sim(st.folder.file("sim.log"));
+    ASSERT_TRUE(
+        sim.start({"--serial", pair->instrumentEnd(), "--interval", "0.3", "--first-packet", "1"}));
+    st.ws.ports.place(9, pair->workstationEnd());
+    st.startIntake();
+    acq::SerialFindKettlewick(st.ws);
+    ExpectFound(st, 9);
+    Pump(1000);
+
+    // The adapter is pulled: the port goes away under the open handle.
+    pair.reset();
+    ASSERT_TRUE(PumpUntil(3000, [&] { return !st.ws.MSComm1.PortOpen(); }));
+    acq::tmr_refresh_Timer(st.ws);
+    EXPECT_TRUE(st.ws.fm_Gas_Chart.cmd_comm1.caption().startsWith("Kettlewick Disconnected "));
+    EXPECT_EQ(st.ws.fm_Gas_Chart.cmd_comm1.backColor(), forms::color::Red);
+
+    // A scan while it is gone finds nothing and says so.
+    st.ws.rt.Glink_countdown = 1;
+    ASSERT_TRUE(st.superviseUntilAttempt());
+    EXPECT_FALSE(st.ws.rt.Gdetector_found);
+    EXPECT_EQ(st.ws.rt.Gcomm_port, 20);
+    EXPECT_EQ(st.ws.fm_Gas_Chart.cmd_comm1.caption(), "Kettlewick Disconnected");
+
+    // Plugged back: the instrument finds its device again, and so does the
+    // next scan; the packets after it are taken and stored.
+    pair = std::make_unique<PortPair>(dir.path());
+    ASSERT_TRUE(pair->start());
+    ASSERT_TRUE(PumpUntil(5000, [&] { return sim.count("CONNECT") >= 2; }));
+    const size_t before = sim.sent().size();
+    st.ws.rt.Glink_countdown = 1;
+    ASSERT_TRUE(st.superviseUntilAttempt());
+    ExpectFound(st, 9);
+    Pump(2000);
+    sim.stop();
+    Pump(300); // socat's hop
+    ASSERT_TRUE(PumpUntil(3000, [&] { return st.drained(); }));
+    const std::set<long> sent = sim.sent();
+    ASSERT_GT(sent.size(), before + 3);
+    EXPECT_TRUE(st.stored().count(*sent.rbegin()));
+    EXPECT_TRUE(st.parsedSet().count(*sent.rbegin()));
+}
+
+TEST(SerialLink, ThePseudoTerminalThatComesAndGoesIsFoundEachTime) {
+    QTemporaryDir dir;
+    const QString port = dir.path() + "/kw";
+    Station st;
+    Simulator sim(st.folder.file("sim.log"));
+    ASSERT_TRUE(sim.start(
+        {"--pty", port, "--interval", "0.3", "--drop-every", "5", "--first-packet", "1"}));
+    st.ws.ports.place(3, port);
+    st.startIntake();
+    st.ws.rt.Glink_countdown = 1;
+    for (int round = 1; round <= 3; ++round) {
+        ASSERT_TRUE(PumpUntil(5000, [&] { return QFileInfo::exists(port); }));
+        ASSERT_TRUE(st.superviseUntilAttempt());
+        ExpectFound(st, 3);
+        ASSERT_TRUE(PumpUntil(10000, [&] { return sim.count("DROP") >= round; }));
+        ASSERT_TRUE(PumpUntil(3000, [&] { return !st.ws.MSComm1.PortOpen(); }))
+            << "vanished port still open in round " << round;
+    }
+    // Whole packets after the banner of each round are all taken; the half
+    // one before each drop never makes a row.
+    const std::set<long> stored = st.stored();
+    for (long p : stored) EXPECT_TRUE(sim.sent().count(p)) << p;
+    EXPECT_GE(stored.size(), 9u);
+}

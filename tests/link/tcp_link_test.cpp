@@ -1,0 +1,143 @@
+// The instrument over TCP on 127.0.0.1, end to end: the real simulator, the
+// workstation's connect, intake, parser and record writer.
+#include "acquisition/link.h"
+#include "acquisition/timers.h"
+#include "link_kit.h"
+
+#include <gtest/gtest.h>
+
+using namespace linktest;
+
+namespace {
+
+QString Arg(long v) {
+    return QString::number(v);
+}
+
+// "LAGDEPTH x c OK" lines as the simulator logged them.
+int CountLag(const Simulator& sim, const char* verdict) {
+    int n = 0;
+    for (const QString& l : sim.lines("LAGDEPTH ")) n += l.endsWith(QLatin1String(verdict));
+    return n;
+}
+
+} // namespace
+
+TEST(TcpLink, PacketsArriveAreAnsweredAndStored) {
+    Station st;
+    const quint16 port = FreePort();
+    Simulator sim(st.folder.file("sim.log"));
+    ASSERT_TRUE(sim.start({"--tcp", Arg(port), "--interval", "0.3", "--first-packet", "1"}));
+    st.useTcp(port);
+    st.startIntake();
+
+    acq::winsock_connect(st.ws);
+    EXPECT_TRUE(st.ws.rt.Gdetector_found);
+    EXPECT_EQ(st.ws.rt.Gsock_state, 7);
+    EXPECT_EQ(st.ws.rt.Gsock_state_text, "Port connected");
+    EXPECT_TRUE(st.ws.fm_Gas_Chart.cmd_comm1.caption().startsWith("Connected TCP "));
+    Pump(2500);
+    // the instrument is asked for its state once the link is up
+    EXPECT_EQ(sim.count("COMMAND STATUS"), 1);
+    EXPECT_EQ(st.ws.fm_setup.cmd_secure.caption(), "Two Way Inactive");
+
+    sim.stop();
+    ASSERT_TRUE(PumpUntil(3000, [&] { return st.drained() && st.ws.rt.Gsock_state != 7; }));
+    const std::set<long> sent = sim.sent();
+    ASSERT_GE(sent.size(), 12u);
+    const std::set<long> parsed = st.parsedSet();
+    for (long p : sent) EXPECT_TRUE(parsed.count(p)) << "packet " << p << " not taken";
+    EXPECT_EQ(parsed.size(), st.parsed.size()) << "a packet was taken twice";
+    EXPECT_EQ(st.stored(), sent);
+
+    // Every packet was answered with its lag depth line, check value right,
+    // and with the keep-alive byte behind it.
+    const int good = CountLag(sim, " OK");
+    EXPECT_EQ(CountLag(sim, " BAD"), 0);
+    EXPECT_GE(good, int(sent.size()) - 2);
+    EXPECT_LE(good, int(sent.size()));
+    EXPECT_NEAR(sim.count("KEEPALIVE "), good, 1);
+    for (const QString& l : sim.lines("LAGDEPTH ")) EXPECT_TRUE(l.startsWith("LAGDEPTH 0.0 "));
+
+    // The link is gone: the state says so and the uptime figure drops.
+    acq::tmr_refresh_Timer(st.ws);
+    EXPECT_NE(st.ws.rt.Gsock_state, 7);
+    EXPECT_EQ(st.ws.rt.Guptime_percent, 0);
+    EXPECT_EQ(st.ws.fm_Gas_Chart.cmd_comm1.backColor(), forms::color::Red);
+    EXPECT_TRUE(st.ws.fm_Gas_Chart.cmd_comm1.caption().endsWith("  " + st.ws.rt.Gsock_state_text));
+}
+
+TEST(TcpLink, WithoutKeepAliveOnlyTheLagDepthGoesBack) {
+    Station st;
+    st.ws.fm_setup.ck_Mainlog_NoKeepalive.setChecked(true);
+    const quint16 port = FreePort();
+    Simulator sim(st.folder.file("sim.log"));
+    ASSERT_TRUE(sim.start({"--tcp", Arg(port), "--interval", "0.3", "--first-packet", "1"}));
+    st.useTcp(port);
+    st.startIntake();
+    acq::winsock_connect(st.ws);
+    Pump(1000);
+    sim.stop();
+    EXPECT_GE(CountLag(sim, " OK"), 5);
+    EXPECT_EQ(sim.count("KEEPALIVE "), 0);
+}
+
+TEST(TcpLink, RefusedAndSilentHostsCountDownAndTheNextConnectionStores) {
+    Station st;
+    const quint16 port = FreePort(); // nothing listens there yet
+    st.useTcp(port);
+    st.startIntake();
+
+    acq::winsock_connect(st.ws);
+    EXPECT_NE(st.ws.rt.Gsock_state, 7);
+    EXPECT_FALSE(st.ws.rt.Gdetector_found);
+    EXPECT_EQ(st.ws.rt.Glink_countdown, 61);
+    acq::tmr_refresh_Timer(st.ws);
+    EXPECT_EQ(st.ws.fm_Gas_Chart.cmd_comm1.caption(), "60  " + st.ws.rt.Gsock_state_text);
+    EXPECT_EQ(st.ws.fm_Gas_Chart.cmd_comm1.backColor(), forms::color::Red);
+
+    // An address on a network nobody answers for: the try gives up on its
+    // own after its budget, and the program goes on.
+    st.ws.rt.Gtcp_host = QStringLiteral("192.0.2.1");
+    st.ws.rt.Glink_countdown = 1;
+    ASSERT_TRUE(st.superviseUntilAttempt());
+    EXPECT_NE(st.ws.rt.Gsock_state, 7);
+    EXPECT_EQ(st.ws.rt.Glink_countdown, 61);
+
+    // The instrument comes up: the countdown brings the next try, which
+    // holds, and its packets are stored.
+    Simulator sim(st.folder.file("sim.log"));
+    ASSERT_TRUE(sim.start({"--tcp", Arg(port), "--interval", "0.3", "--first-packet", "1"}));
+    st.ws.rt.Gtcp_host = QStringLiteral("127.0.0.1");
+    st.ws.rt.Glink_countdown = 3;
+    ASSERT_TRUE(st.superviseUntilAttempt());
+    EXPECT_TRUE(st.ws.rt.Gdetector_found);
+    Pump(1000);
+    sim.stop();
+    ASSERT_TRUE(PumpUntil(3000, [&] { return st.drained() && st.ws.rt.Gsock_state != 7; }));
+    ASSERT_FALSE(sim.sent().empty());
+    EXPECT_EQ(st.stored(), sim.sent());
+}
+
+TEST(TcpLink, GarbageBetweenPacketsLosesNoGoodPacket) {
+    Station st;
+    const quint16 port = FreePort();
+    Simulator sim(st.folder.file("sim.log"));
+    ASSERT_TRUE(sim.start({"--tcp", Arg(port), "--interval", "0.3", "--first-packet", "1000",
+                           "--garbage", "--seed", "5"}));
+    st.useTcp(port);
+    st.startIntake();
+    acq::winsock_connect(st.ws);
+    ASSERT_TRUE(PumpUntil(20000, [&] { return sim.count("GARBAGE ") >= 6; }));
+    Pump(700);
+    sim.stop();
+    ASSERT_TRUE(PumpUntil(3000, [&] { return st.drained() && st.ws.rt.Gsock_state != 7; }));
+
+    const std::set<long> sent = sim.sent();
+    const std::set<long> parsed = st.parsedSet();
+    const std::set<long> stored = st.stored();
+    for (long p : sent) {
+        EXPECT_TRUE(parsed.count(p)) << "packet " << p << " lost in the noise";
+        EXPECT_TRUE(stored.count(p)) << "packet " << p << " not stored";
+    }
+}
