@@ -1,0 +1,255 @@
+// The operator's console to the instrument: the rows with their limits, the
+// wake-up, the log, the read back, and the login block.
+#include "acquisition/commands.h"
+#include "acquisition/link.h"
+#include "acquisition/timers.h"
+#include "link_kit.h"
+#include "text/numbers.h"
+
+#include <QTcpServer>
+#include <QTcpSocket>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+using namespace linktest;
+
+namespace {
+
+// The far end of the workstation's socket, keeping all it is sent.
+class Listener {
+  public:
+    Listener() {
+        server.listen(QHostAddress::LocalHost, 0);
+        QObject::connect(&server, &QTcpServer::newConnection, [this] {
+            peer = server.nextPendingConnection();
+            QObject::connect(peer, &QTcpSocket::readyRead, [this] { got += peer->readAll(); });
+        });
+    }
+    void attach(Workstation& ws) {
+        ws.Winsock_ombri.RemoteHost = QStringLiteral("127.0.0.1");
+        ws.Winsock_ombri.RemotePort = server.serverPort();
+        ws.Winsock_ombri.Connect();
+        PumpUntil(3000, [&] { return ws.Winsock_ombri.State() == 7 && peer; });
+        acq::Winsock_state(ws);
+    }
+    QTcpServer server;
+    QTcpSocket* peer = nullptr;
+    QByteArray got;
+};
+
+// The masked twenty bytes of a login message, unmasked.
+QByteArray Unmask(const QString& message, int* k = nullptr) {
+    auto element = [&](int i) { return message.mid(9 + 3 * i, 3).toInt(); };
+    const int kk = element(5);
+    if (k) *k = kk;
+    QByteArray out;
+    for (int i = 0; i < 20; ++i) out += char(element(kk + i) ^ element(6 + i));
+    return out;
+}
+
+} // namespace
+
+TEST(Commands, RowsKeepTheirLimitsWakeTheInstrumentAndAreLogged) {
+    Station st;
+    Listener far;
+    auto& data = st.ws.fm_setup.txt_data;
+    QStringList captions;
+    st.ws.fm_setup.cmd_KW_command[9].listen([&](const forms::Control& c, forms::Prop p) {
+        if (p == forms::Prop::Caption) captions << c.caption();
+    });
+
+    // With no link open the buttons do nothing and say nothing.
+    data[2].setText("300");
+    acq::cmd_KW_command_Click(st.ws, 2);
+    EXPECT_EQ(data[2].text(), "300");
+    EXPECT_TRUE(captions.isEmpty());
+    EXPECT_FALSE(st.folder.exists("COMMAND_LOG.TXT"));
+
+    far.attach(st.ws);
+    ASSERT_EQ(st.ws.rt.Gsock_state, 7);
+    data[0].setText("4600");
+    data[5].setText("26");
+    data[6].setText("1550");
+    st.ws.fm_setup.txt_Kettlewick_string.setText("");
+    for (int row : {2, 5, 6, 0, 8, 9}) acq::cmd_KW_command_Click(st.ws, row);
+    Pump(200);
+
+    EXPECT_EQ(data[2].text(), "250");
+    EXPECT_EQ(data[5].text(), "25");
+    EXPECT_EQ(data[6].text(), "1550"); // no limit, only divided on the way out
+    EXPECT_EQ(QString::fromLatin1(far.got),
+              "\rsetreg 29 250\r"
+              "\rsetreg 45 25\r"
+              "\rsetreg 53 15\r"
+              "\rsetdepth 4600\r"
+              "\r\r"
+              "\rSETDEPTH\rREADREG 25\rREADREG 29\rREADREG 30\rREADREG 34\rREADREG 45\r"
+              "READREG 53\rSETJOBNUM\rSTATUS\r");
+    EXPECT_EQ(captions.count("Working..."), 6);
+    EXPECT_EQ(st.ws.fm_setup.cmd_KW_command[9].caption(), "Get Data From Kettlewick");
+
+    // Rows 0 to 8 are logged, the read back is not.
+    const QStringList log = st.folder.read("COMMAND_LOG.TXT").split("\r\n", Qt::SkipEmptyParts);
+    ASSERT_EQ(log.size(), 5);
+    EXPECT_TRUE(log[0].endsWith(" *** COMMAND OUTPUT TO KW: setreg 29 250"));
+    EXPECT_TRUE(log[2].endsWith(" *** COMMAND OUTPUT TO KW: setreg 53 15"));
+    EXPECT_TRUE(log[4].endsWith(" *** COMMAND OUTPUT TO KW: "));
+}
+
+TEST(Commands, BothOpenChannelsAreServed) {
+    QTemporaryDir dir;
+    PortPair pair(dir.path());
+    ASSERT_TRUE(pair.start());
+    Station st;
+    Listener far;
+    far.attach(st.ws);
+    st.ws.ports.place(1, pair.workstationEnd());
+    st.ws.MSComm1.CommPort = 1;
+    ASSERT_EQ(st.ws.MSComm1.SetPortOpen(true), 0);
+    QSerialPort other(pair.instrumentEnd());
+    ASSERT_TRUE(other.open(QIODevice::ReadWrite));
+
+    st.ws.fm_setup.txt_data[7].setText("2214");
+    acq::cmd_KW_command_Click(st.ws, 7);
+    Pump(300);
+    other.waitForReadyRead(500);
+    EXPECT_EQ(QString::fromLatin1(other.readAll()), "\rsetjobnum 2214\r");
+    EXPECT_EQ(QString::fromLatin1(far.got), "\rsetjobnum 2214\r");
+}
+
+TEST(Commands, ReadBackFillsTheBoxesFromTheInstrument) {
+    Station st;
+    const quint16 port = FreePort();
+    Simulator sim(st.folder.file("sim.log"));
+    ASSERT_TRUE(sim.start({"--tcp", QString::number(port), "--interval", "6", "--start-depth",
+                           "5123.4", "--first-packet", "1"}));
+    st.useTcp(port);
+    st.startIntake();
+    acq::winsock_connect(st.ws);
+    ASSERT_EQ(st.ws.rt.Gsock_state, 7);
+
+    auto& data = st.ws.fm_setup.txt_data;
+    data[3].setText("80");
+    acq::cmd_KW_command_Click(st.ws, 3);
+    for (auto& box : data) box.setText("");
+    acq::cmd_KW_command_Click(st.ws, 9);
+    ASSERT_TRUE(PumpUntil(6000, [&] { return !data[7].text().isEmpty(); }));
+    Pump(400);
+    EXPECT_EQ(data[0].text(), "5123");
+    EXPECT_EQ(data[1].text(), "5");
+    EXPECT_EQ(data[2].text(), "30");
+    EXPECT_EQ(data[3].text(), "80"); // as set a moment before
+    EXPECT_EQ(data[4].text(), "3");
+    EXPECT_EQ(data[5].text(), "10");
+    EXPECT_EQ(data[6].text(), "1500"); // register 53 holds hundreds
+    EXPECT_EQ(data[7].text(), "1001");
+    EXPECT_EQ(st.ws.fm_setup.cmd_secure.caption(), "Two Way Inactive");
+}
+
+TEST(Commands, LoginBlockHasItsFormAndMasksNameAndPassword) {
+    Station st;
+    std::set<int> ks;
+    QString previous;
+    for (int i = 0; i < 300; ++i) {
+        const QString m = acq::KeyMessage(st.ws, "driller", "s3cret");
+        ASSERT_EQ(m.size(), 9 + 765 + 1 + 2);
+        ASSERT_TRUE(m.startsWith("[PGP KEY "));
+        ASSERT_TRUE(m.endsWith("]\r\n"));
+        for (int c = 9; c < 9 + 765; ++c) ASSERT_TRUE(m[c].isDigit()) << c;
+        int k = 0;
+        const QByteArray plain = Unmask(m, &k);
+        ASSERT_GE(k, 30);
+        ASSERT_LE(k, 200);
+        ks.insert(k);
+        EXPECT_EQ(plain, QByteArray("driller\0\0\0s3cret\0\0\0\0", 20));
+        // the block kept in the workstation is what went out
+        for (int e = 0; e < 255; ++e)
+            ASSERT_EQ(st.ws.rt.Gkey_block[size_t(e)], m.mid(9 + 3 * e, 3).toInt());
+        EXPECT_NE(m, previous);
+        previous = m;
+    }
+    EXPECT_GT(ks.size(), 50u); // the pad's place moves about its whole range
+
+    // A long name runs into the password field and the password wins.
+    EXPECT_EQ(Unmask(acq::KeyMessage(st.ws, "abcdefghijkl", "xyz")),
+              QByteArray("abcdefghijxyz\0\0\0\0\0\0\0", 20));
+
+    // A test that fixes the seed gets the same blocks every run.
+    Station a, b;
+    a.ws.Randomize(77);
+    b.ws.Randomize(77);
+    EXPECT_EQ(acq::KeyMessage(a.ws, "abc", "def"), acq::KeyMessage(b.ws, "abc", "def"));
+    EXPECT_EQ(acq::KeyMessage(a.ws, "abc", "def"), acq::KeyMessage(b.ws, "abc", "def"));
+}
+
+TEST(Commands, LoginOpensTwoWayAndTheTimerKeepsItOpen) {
+    Station st;
+    const quint16 port = FreePort();
+    Simulator sim(st.folder.file("sim.log"));
+    ASSERT_TRUE(sim.start({"--tcp", QString::number(port), "--interval", "6", "--two-way-login",
+                           "--reply-gap", "50"}));
+    auto& secure = st.ws.fm_secure;
+    auto& button = st.ws.fm_setup.cmd_secure;
+
+    // Too short: a box, and the panel stays.
+    acq::cmd_secure_Click(st.ws);
+    secure.txt_username.setText("ab");
+    secure.txt_pwe.setText("secret");
+    acq::cmd_send_key_Click(st.ws);
+    secure.txt_username.setText("abc");
+    secure.txt_pwe.setText("se");
+    acq::txt_pwe_KeyPress(st.ws, 13);
+    ASSERT_EQ(st.dialogs.boxes.size(), 2u);
+    EXPECT_EQ(st.dialogs.boxes[0].title, "USERNAME TOO SHORT");
+    EXPECT_EQ(st.dialogs.boxes[0].text, "The username must be at least 3 characters long");
+    EXPECT_EQ(st.dialogs.boxes[1].title, "PASSWORD TOO SHORT");
+    EXPECT_EQ(st.dialogs.boxes[1].text, "The password must be at least 3 characters long");
+    EXPECT_TRUE(secure.form.visible());
+
+    st.useTcp(port);
+    st.startIntake();
+    acq::winsock_connect(st.ws);
+    ASSERT_TRUE(PumpUntil(3000, [&] { return button.backColor() == forms::color::Red; }));
+    EXPECT_EQ(button.caption(), "Two Way Inactive");
+
+    secure.txt_pwe.setText("secret");
+    acq::cmd_send_key_Click(st.ws);
+    EXPECT_FALSE(secure.form.visible());
+    ASSERT_TRUE(PumpUntil(3000, [&] { return button.caption() == "Two Way Active"; }));
+    EXPECT_EQ(button.backColor(), forms::color::Green);
+    EXPECT_EQ(sim.count("LOGIN OK"), 1);
+
+    // A name of three characters is not sent again by the timer; four are.
+    acq::tmr_stay_logged_in_Timer(st.ws);
+    Pump(300);
+    EXPECT_EQ(sim.count("LOGIN "), 1);
+    secure.txt_username.setText("abcd");
+    acq::tmr_stay_logged_in_Timer(st.ws);
+    ASSERT_TRUE(PumpUntil(3000, [&] { return sim.count("LOGIN OK") == 2; }));
+
+    // A block the instrument can't read leaves it output only.
+    st.ws.Winsock_ombri.SendData("[PGP KEY 123]\r\n");
+    ASSERT_TRUE(PumpUntil(3000, [&] { return button.caption() == "Two Way Inactive"; }));
+    EXPECT_EQ(button.backColor(), forms::color::Red);
+    EXPECT_EQ(sim.count("LOGIN REFUSED"), 1);
+}
+
+TEST(Commands, OnASerialLinkTheLoginIsBuiltButNotSent) {
+    QTemporaryDir dir;
+    PortPair pair(dir.path());
+    ASSERT_TRUE(pair.start());
+    Station st;
+    st.ws.ports.place(1, pair.workstationEnd());
+    st.ws.MSComm1.CommPort = 1;
+    ASSERT_EQ(st.ws.MSComm1.SetPortOpen(true), 0);
+    QSerialPort other(pair.instrumentEnd());
+    ASSERT_TRUE(other.open(QIODevice::ReadWrite));
+    st.ws.fm_secure.txt_username.setText("driller");
+    st.ws.fm_secure.txt_pwe.setText("secret");
+    st.ws.rt.Gkey_block.fill(0);
+    acq::send_key(st.ws);
+    EXPECT_NE(st.ws.rt.Gkey_block[5], 0); // built
+    Pump(300);
+    other.waitForReadyRead(300);
+    EXPECT_TRUE(other.readAll().isEmpty()); // not sent
+}
