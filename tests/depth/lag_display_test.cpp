@@ -1,87 +1,58 @@
 // The lag page's quarter-second tick: zone factors, bottoms-up figures and
 // the captions that follow the settings.
-#include "acquisition/workstation.h"
-#include "depth/lag.h"
-#include "program_folder.h"
+#include "job_fixture.h"
 
-#include <gtest/gtest.h>
+using depthtest::JobTest;
 
-namespace {
+TEST_F(JobTest, TheLagPageTick) {
+    auto& setup = ws.fm_setup;
+    auto& d = ws.depth;
+    auto at = [&](const QString& depth) { ws.rt.Gombri_data_array[acq::DEPTH] = depth; };
 
-class LagPage : public ::testing::Test {
-  protected:
-    testkit::ProgramFolder folder;
-    Workstation ws{folder.path()};
-    forms::FmSetup& setup = ws.fm_setup;
-    depth::DepthState& d = ws.depth;
-
-    void at(const QString& depth) { ws.rt.Gombri_data_array[acq::DEPTH] = depth; }
-    void byStrokes() {
-        setup.op_lag_calc_Str.setValue(1);
-        setup.op_lag_calc_Time.setValue(0);
-    }
-    void byTime() {
-        setup.op_lag_calc_Str.setValue(0);
-        setup.op_lag_calc_Time.setValue(1);
-    }
-};
-
-} // namespace
-
-TEST_F(LagPage, BottomsUpByPumpStrokes) {
-    byStrokes();
     at("10000");
     ws.rt.Gspm = 100;
     ws.rt.Gwits_alive = 12;
-    depth::tmr_lag_calc_Timer(ws);
+    byStrokes();
     EXPECT_DOUBLE_EQ(d.GLagStrPerFt[1], 1.1);
     EXPECT_DOUBLE_EQ(d.GBottomsUpStrokes, 11000);
     EXPECT_DOUBLE_EQ(d.bottomsUpMinutes, 110);
     EXPECT_EQ(setup.lbl_BU_MIN.caption(), "110.0");
     EXPECT_EQ(setup.lbl_BU_STROKES.caption(), "11,000");
-
     // WITS down: no pump rate to trust.
     ws.rt.Gwits_alive = 0;
     depth::tmr_lag_calc_Timer(ws);
     EXPECT_EQ(setup.lbl_BU_MIN.caption(), "pump");
     EXPECT_EQ(d.bottomsUpMinutes, 0);
-
     // A deeper zone takes over from its start.
     setup.txt_Lag_Start_Depth[2].setText("5000");
     setup.txt_str_per_100ft[2].setText("200");
     ws.rt.Gwits_alive = 12;
     ws.rt.Gspm = 80;
     depth::tmr_lag_calc_Timer(ws);
-    EXPECT_DOUBLE_EQ(d.GBottomsUpStrokes, 20000);
     EXPECT_EQ(setup.lbl_BU_MIN.caption(), "250.0");
     EXPECT_EQ(setup.lbl_BU_STROKES.caption(), "20,000");
-
     // Above zone 1's start no zone fits: the last figure stands.
     setup.txt_Lag_Start_Depth[1].setText("100");
     at("50");
     depth::tmr_lag_calc_Timer(ws);
     EXPECT_DOUBLE_EQ(d.GBottomsUpStrokes, 20000);
-}
 
-TEST_F(LagPage, BottomsUpByTimeAndTheCaptions) {
-    byTime();
+    // By time: 9000 ft at 1.8 minutes per 100 ft.
+    setup.txt_Lag_Start_Depth[1].setText("");
+    setup.txt_Lag_Start_Depth[2].setText("");
     at("9000");
     ws.rt.Glag_depth_now = 1234.46;
-    depth::tmr_lag_calc_Timer(ws);
-    EXPECT_DOUBLE_EQ(d.GLagMinPerFt[1], 0.018);
+    byTime();
     EXPECT_NEAR(d.GLagMinutes, 162, 1e-9);
     EXPECT_NEAR(d.bottomsUpMinutes, 162, 1e-9);
     EXPECT_EQ(setup.lbl_BU_MIN.caption(), "162.0");
-    // The strokes figures are kept up as well, whichever method is chosen.
-    EXPECT_EQ(setup.lbl_BU_STROKES.caption(), "9,900");
+    EXPECT_EQ(setup.lbl_BU_STROKES.caption(), "9,900") << "kept up whatever the method";
     EXPECT_EQ(setup.lbl_Lag_Depth.caption(), "1234.5");
     EXPECT_EQ(setup.cmd_recalc_lag[1].caption(),
               "Recalculate Lag From 1500 To 12500\r\nUsing Time / Depth");
-
-    byStrokes();
     setup.txt_recalc_lag_from.setText("2000.50 ft");
     setup.txt_recalc_lag_to.setText("x");
-    depth::tmr_lag_calc_Timer(ws);
+    byStrokes();
     EXPECT_EQ(setup.cmd_recalc_lag[1].caption(),
               "Recalculate Lag From 2000.5 To 0\r\nUsing Pump Strokes");
 

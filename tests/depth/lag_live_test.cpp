@@ -4,18 +4,14 @@
 // the pass works in batches.
 #include "job_fixture.h"
 
-#include "acquisition/events.h"
-
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QProcess>
 #include <QTcpServer>
-#include <QTimer>
 #include <set>
 
 using depthtest::JobTest;
-using depthtest::Row;
 using depthtest::RowAt;
 
 namespace {
@@ -69,7 +65,7 @@ class LiveDuringPass : public JobTest {
 
 TEST_F(LiveDuringPass, EveryPacketSentDuringAWholeFilePassIsStored) {
     // 100000 records, 69 days of drilling from 4500 ft, pumps at 100.
-    std::vector<Row> rows;
+    std::vector<depthtest::Row> rows;
     rows.reserve(100000);
     for (int i = 0; i < 100000; ++i)
         rows.push_back(RowAt(4500 + i * 0.05).count(10.0 * (i + 1)).rate(0.5));

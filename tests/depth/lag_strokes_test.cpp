@@ -1,13 +1,8 @@
 // The strokes pass at its edges, on job files written by the record writer.
 #include "job_fixture.h"
 
-#include "text/numbers.h"
-
 using depthtest::At;
 using depthtest::JobTest;
-using depthtest::Packet;
-using depthtest::Row;
-using depthtest::RowAt;
 
 namespace {
 
@@ -19,30 +14,35 @@ int CountLagged(const std::vector<store::Variant>& lag) {
 
 } // namespace
 
-TEST_F(JobTest, ATargetBelowZeroBeforeAnyLagEndsThePassAtLagDepthZero) {
-    // Depth 10000 with 1.1 strokes a foot needs 11000 strokes; the newest
-    // record has 5000: target -6000, nothing from the hole is up yet.
+TEST_F(JobTest, PassesThatLagNothing) {
+    byStrokes();
+    depth::RecalculateLag(ws, 0, 0, 0);
+    EXPECT_FALSE(ws.rt.Gdb_error) << "an empty job has nothing to lag";
+
+    // No strokes at all: no record is lagged and the lag depth stands.
+    for (int i = 0; i < 50; ++i) save(At(500 + i * 0.1).pumps(0));
+    ws.rt.Glag_depth_now = 777;
+    depth::RecalculateLag(ws, 0, 0, 0);
+    EXPECT_EQ(CountLagged(column("LAG_GU")), 0);
+    EXPECT_EQ(ws.rt.Glag_depth_now, 777);
+
+    // 10000 ft at 1.1 strokes a foot needs 11000 strokes; the newest record
+    // has 5000: target -6000, nothing from the hole is up yet.
     ws.rt.Gtotal_strokes = 4970;
     for (int i = 0; i < 3; ++i) save(At(10000));
-    ws.rt.Glag_depth_now = 777;
-    ws.more_data.lbl_current_lag_depth.setCaption("777.0");
-    byStrokes();
     depth::RecalculateLag(ws, 0, 0, 0);
     EXPECT_EQ(column("TOTAL_STROKES").back().toDouble(), 5000);
     EXPECT_EQ(CountLagged(column("LAG_GU")), 0);
     EXPECT_EQ(ws.rt.Glag_depth_now, 0);
     EXPECT_EQ(ws.more_data.lbl_current_lag_depth.caption(), "0.0");
-}
-
-TEST_F(JobTest, WithoutStrokesNoRecordIsLaggedAndTheLagDepthStands) {
-    for (int i = 0; i < 50; ++i) save(At(500 + i * 0.1).pumps(0));
-    ws.rt.Glag_depth_now = 777;
-    byStrokes();
-    depth::RecalculateLag(ws, 0, 0, 0);
-    EXPECT_EQ(column("TOTAL_STROKES").back().toDouble(), 0);
-    EXPECT_EQ(CountLagged(column("LAG_GU")), 0);
-    EXPECT_EQ(ws.rt.Glag_depth_now, 777);
     EXPECT_FALSE(ws.rt.Gdb_error);
+
+    // A job that is not there is reported.
+    ws.fm_Gas_Chart.txt_db_path.setText(folder.file("GONE.db"));
+    depth::RecalculateLag(ws, 0, 0, 0);
+    EXPECT_EQ(logged("Recalculate Lag Err: "), 1);
+    EXPECT_TRUE(ws.rt.Gdb_error);
+    EXPECT_FALSE(ws.rt.Gdb_busy);
 }
 
 TEST_F(JobTest, WithNoLagEveryRecordIsItsOwnSourceButTheFirst) {
@@ -206,18 +206,6 @@ TEST_F(JobTest, ANullDepthEndsThePassThroughItsHandlerKeepingWhatItWrote) {
     EXPECT_EQ(CountLagged(lag), 40);
     EXPECT_EQ(num(lag[80]), 800);
     EXPECT_TRUE(lag[79].isNull());
-}
-
-TEST_F(JobTest, AMissingJobIsReportedAndAnEmptyOneIsNoFailure) {
-    byStrokes();
-    depth::RecalculateLag(ws, 0, 0, 0);
-    EXPECT_FALSE(ws.rt.Gdb_error) << "an empty job has nothing to lag";
-
-    ws.fm_Gas_Chart.txt_db_path.setText(folder.file("GONE.db"));
-    depth::RecalculateLag(ws, 0, 0, 0);
-    EXPECT_TRUE(folder.read("ERR_LOG.TXT").contains("Recalculate Lag Err: "));
-    EXPECT_TRUE(ws.rt.Gdb_error);
-    EXPECT_FALSE(ws.rt.Gdb_busy);
 }
 
 TEST_F(JobTest, ClearLagZeroesEveryRecord) {

@@ -1,18 +1,14 @@
 // The time pass's lag in records, and the rate pass of a whole-file run.
 #include "job_fixture.h"
 
-#include "text/numbers.h"
-
 using depthtest::At;
 using depthtest::JobTest;
-using depthtest::Packet;
-using depthtest::Row;
 using depthtest::RowAt;
 
 TEST_F(JobTest, TheLagInRecordsDropsTheFractionOfAMinuteAndAddsTheLineLagWithWitsDown) {
     // 1700 records at 9000 ft whose MIN_FT is their own number; 1.8 minutes
     // per 100 ft: 9000 x 0.018 = 162 minutes, 1620 records.
-    std::vector<Row> rows;
+    std::vector<depthtest::Row> rows;
     for (int i = 0; i < 1700; ++i) rows.push_back(RowAt(9000).rate(i));
     bulk(rows);
     byTime();
@@ -75,4 +71,20 @@ TEST_F(JobTest, TheRatePassTakesASmallRateForAFootOfNoTime) {
     depth::RecalculateLag(ws, 0, 0, 0);
     EXPECT_EQ(num(column("MIN_FT")[2]), 0.0001);
     EXPECT_DOUBLE_EQ(*num(column("FT_HR")[2]), 600000);
+}
+
+TEST_F(JobTest, RateRecalculationTakesEachFootsTimeFromItsHoursMinutesAndSeconds) {
+    // Records 6 s apart: 500 ft for records 0-4, 501 for 5-14, 502 from 15.
+    for (int i = 0; i < 20; ++i) save(At(i < 5 ? 500.5 : i < 15 ? 501.5 : 502.5).rate(100 + i));
+    int32_t first = 0, last = 0, result = 0;
+    depth::recalculate_rop(ws, first, last, result);
+    const auto minFt = column("MIN_FT");
+    // The first foot is not whole: left alone. From the first change on, each
+    // record takes the rate in hand, which is the change record's own until
+    // the next change (record 15, 60 s after record 5) makes it 1 min/ft.
+    for (int i = 0; i < 5; ++i) EXPECT_EQ(num(minFt[i]), 100 + i) << i;
+    for (int i = 5; i <= 15; ++i) EXPECT_EQ(num(minFt[i]), 105) << i;
+    for (int i = 16; i < 20; ++i) EXPECT_EQ(num(minFt[i]), 1) << i;
+    EXPECT_EQ(result, 15);
+    EXPECT_FALSE(ws.rt.Gdb_busy);
 }

@@ -2,9 +2,6 @@
 // it, by lag depth, and the figures that travel with them.
 #include "job_fixture.h"
 
-#include "text/numbers.h"
-
-using depthtest::At;
 using depthtest::JobTest;
 using depthtest::Packet;
 
@@ -26,6 +23,11 @@ class RopCollect : public JobTest {
 
 TEST_F(RopCollect, TheWholeTableFillsOneSlotPerClosedFoot) {
     drill();
+    ws.rt.Gdb_busy = true;
+    depth::Collect_ROP_Data(ws);
+    EXPECT_EQ(ws.depth.RopMaxDepth, 0) << "the file is busy: it stands back";
+    ws.rt.Gdb_busy = false;
+
     ws.depth.RopGasPeak[3000] = 99; // stale: the whole table clears first
     ws.fm_setup.op1_oil_ind.setValue(1);
     depth::cmd_get_all_ROP_Click(ws);
@@ -48,6 +50,12 @@ TEST_F(RopCollect, TheWholeTableFillsOneSlotPerClosedFoot) {
     EXPECT_FALSE(ws.fm_help.form.visible());
     EXPECT_EQ(ws.fm_help.form.caption(), "Gathering ROP Data From Database");
     EXPECT_TRUE(ws.fm_help.txt_help.text().contains("Gathering ROP data..."));
+
+    exec("UPDATE OMBRI_DB_010 SET GAS_UNITS = 'lots' WHERE PACKET_NUM = 1050");
+    depth::Collect_ROP_Data(ws);
+    EXPECT_EQ(logged("DB ROP Chart Err: Type mismatch  Err pt: 6"), 1);
+    EXPECT_FALSE(ws.rt.Gdb_busy);
+    EXPECT_FALSE(ws.fm_help.form.visible());
 }
 
 TEST_F(RopCollect, AStretchIsReadFromItsLowerEndUpToTheOtherAndSaysWhereToGoOn) {
@@ -107,18 +115,4 @@ TEST_F(RopCollect, LaggedArraysFollowTheLagAndItsRate) {
     EXPECT_EQ(a.RopMinFt[1001], 7) << "DATA1, the rate at the lag depth";
     EXPECT_EQ(a.RopGasPeak[1001], 39);
     EXPECT_TRUE(ws.fm_help.txt_help.text().contains("Gathering LAGGED ROP data..."));
-}
-
-TEST_F(RopCollect, ItStandsBackWhileTheFileIsBusyAndReportsAFailure) {
-    drill();
-    ws.rt.Gdb_busy = true;
-    depth::Collect_ROP_Data(ws);
-    EXPECT_EQ(ws.depth.RopMaxDepth, 0);
-    ws.rt.Gdb_busy = false;
-
-    exec("UPDATE OMBRI_DB_010 SET GAS_UNITS = 'lots' WHERE PACKET_NUM = 1050");
-    depth::Collect_ROP_Data(ws);
-    EXPECT_EQ(logged("DB ROP Chart Err: Type mismatch  Err pt: 6"), 1);
-    EXPECT_FALSE(ws.rt.Gdb_busy);
-    EXPECT_FALSE(ws.fm_help.form.visible());
 }

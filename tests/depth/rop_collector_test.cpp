@@ -64,38 +64,32 @@ TEST_F(Collector, AFootClosesOnTheRecordThatLeavesItWithThatRecordsRateAndTime) 
     EXPECT_EQ(a->RopMaxDepth, 1001);
 }
 
-TEST_F(Collector, DepthsAtTheLimitAndBeyond) {
-    // 49990 is kept; 49991 is bad data and leaves the foot where it was.
+TEST_F(Collector, TheLimitNewFootTicksAndFeetWithoutGasOrRate) {
+    // 49990 is kept; 49991 and beyond are bad data and leave the foot where
+    // it was, though they still count toward it.
     run({},
         {Rec(49989.5, 10), Rec(49990.2, 20), Rec(49991.0, 99), Rec(50500, 98), Rec(49989.0, 5)});
     EXPECT_EQ(a->RopGasPeak[49989], 10);
-    // The refused records still count toward the foot they could not leave.
     EXPECT_EQ(a->RopGasPeak[49990], 99);
     EXPECT_EQ(a->RopMaxDepth, 49990);
     EXPECT_EQ(a->RopGasPeak[49991], 0);
-}
 
-TEST_F(Collector, ANewFootTickCountsByItsSizeOnTheSameSlot) {
     // -1200.7 and 1200.3 are the same foot: no foot is closed between them.
+    a->clear();
     run({}, {Rec(1199.5, 5), Rec(-1200.7, 40), Rec(1200.3, 30), Rec(1201.0, 1)});
     EXPECT_EQ(a->RopGasPeak[1200], 40);
     EXPECT_EQ(a->RopGasPeak[1199], 5);
-    EXPECT_EQ(a->RopMinDepth, 1199);
-    EXPECT_EQ(a->RopMaxDepth, 1200);
-}
 
-TEST_F(Collector, NoGasOnAFootAndNoRate) {
-    // Gas units but no chromatograph gas: the shares are 0 and the peak
-    // stays what the gas units made it.
+    // Gas units but no chromatograph gas: the shares are 0 and the peak is
+    // what the gas units made it. MIN_FT 0: no feet per hour, no failure.
+    a->clear();
     RopOptions o;
     o.oilIndicator = 1;
-    auto close = Rec(501, 0, 0);
-    run(o, {Rec(500, 30), Rec(500.5, 45), close});
+    run(o, {Rec(500, 30), Rec(500.5, 45), Rec(501, 0, 0)});
     EXPECT_EQ(a->RopGasPeak[500], 45);
     for (auto* arr :
          {&a->RopC1, &a->RopC2, &a->RopC3, &a->RopIC4, &a->RopNC4, &a->RopIC5, &a->RopNC5})
         EXPECT_EQ((*arr)[500], 0);
-    // MIN_FT 0: no feet per hour rather than a division failure.
     EXPECT_EQ(a->RopMinFt[500], 0);
     EXPECT_EQ(a->RopFtHr[500], 0);
     EXPECT_EQ(a->RopOilInd[500], 0) << "(0+0+0)/0.0001";
@@ -161,11 +155,4 @@ TEST_F(Collector, CustomChannelsGoToTheFootBeingDrilledAndGammaToItsOwnDepth) {
     r1.gammaLag = 0.4; // whole part 0
     run(o, {r1});
     EXPECT_EQ(a->RopGamma[655], 80);
-}
-
-TEST(RopTime, DayNumbersFromTheCalendar) {
-    EXPECT_EQ(RopTimeFromDate(QDateTime()), 0);
-    EXPECT_EQ(RopTimeFromDate(QDateTime(QDate(1900, 1, 1), QTime(12, 0))), 2.5);
-    const QDateTime t(QDate(2026, 11, 1), QTime(6, 0, 6));
-    EXPECT_EQ(RopTimeToDate(RopTimeFromDate(t)), t);
 }

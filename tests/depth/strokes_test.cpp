@@ -4,7 +4,6 @@
 
 #include "store/lifecycle.h"
 
-using depthtest::At;
 using depthtest::JobTest;
 using depthtest::Packet;
 
@@ -16,6 +15,13 @@ TEST_F(JobTest, TheRepairCountsATenthOfAMinutePerRecordFromTheFirstRecordsCount)
     // A counter gone wrong in the middle, and a record with no rate at all.
     exec("UPDATE OMBRI_DB_010 SET TOTAL_STROKES = 5 WHERE PACKET_NUM > 1005");
     exec("UPDATE OMBRI_DB_010 SET TOTAL_SPM = NULL WHERE PACKET_NUM = 1008");
+
+    ws.rt.Gdb_busy = true;
+    depth::cmd_FixTotal_Strokes_Click(ws);
+    EXPECT_EQ(logged("DB Busy: Total Strokes"), 1);
+    EXPECT_EQ(num(column("TOTAL_STROKES")[9]), 5);
+
+    ws.rt.Gdb_busy = false;
     ws.rt.Gtotal_strokes = 0;
     depth::cmd_FixTotal_Strokes_Click(ws);
     const auto total = column("TOTAL_STROKES");
@@ -27,10 +33,8 @@ TEST_F(JobTest, TheRepairCountsATenthOfAMinutePerRecordFromTheFirstRecordsCount)
     EXPECT_FALSE(ws.rt.Gdb_busy);
     EXPECT_FALSE(ws.fm_help.form.visible());
     EXPECT_EQ(ws.fm_help.form.caption(), "Recalculating PUMP STROKES");
-}
 
-TEST_F(JobTest, WithNoRateAnywhereEveryRecordGetsTheFirstCount) {
-    for (int i = 0; i < 6; ++i) save(Packet());
+    // With no rate anywhere every record gets the first count.
     exec("UPDATE OMBRI_DB_010 SET TOTAL_SPM = NULL");
     exec("UPDATE OMBRI_DB_010 SET TOTAL_STROKES = 777 WHERE PACKET_NUM = 1001");
     depth::Fix_total_strokes(ws);
@@ -38,23 +42,29 @@ TEST_F(JobTest, WithNoRateAnywhereEveryRecordGetsTheFirstCount) {
     EXPECT_EQ(ws.rt.Gtotal_strokes, 777);
 }
 
-TEST_F(JobTest, TheRepairStandsBackWhileTheFileIsBusy) {
-    for (int i = 0; i < 3; ++i) save(Packet());
-    exec("UPDATE OMBRI_DB_010 SET TOTAL_STROKES = 1");
-    ws.rt.Gdb_busy = true;
-    depth::Fix_total_strokes(ws);
-    EXPECT_EQ(logged("DB Busy: Total Strokes"), 1);
-    EXPECT_EQ(num(column("TOTAL_STROKES")[2]), 1);
-    EXPECT_TRUE(ws.rt.Gdb_busy);
-}
-
 TEST_F(JobTest, TheLastCountIsReadFiveRecordsFromTheEnd) {
-    // Counts 10, 20 ... 80.
-    for (int i = 0; i < 8; ++i) save(Packet());
+    ws.rt.Gtotal_strokes = 5;
+    depth::ReadLastTotalStrokes(ws);
+    EXPECT_EQ(ws.rt.Gtotal_strokes, 5) << "an empty job";
+    ws.rt.Gtotal_strokes = 0;
+    // A job shorter than five gives its first count.
+    for (int i = 0; i < 3; ++i) save(Packet());
+    ws.rt.Gtotal_strokes = 0;
+    depth::ReadLastTotalStrokes(ws);
+    EXPECT_EQ(ws.rt.Gtotal_strokes, 10);
+
+    // Counts 10, 20 ... 80: the fifth from the end is 40.
+    ws.rt.Gtotal_strokes = 30;
+    for (int i = 0; i < 5; ++i) save(Packet());
     ws.rt.Gtotal_strokes = 0;
     depth::ReadLastTotalStrokes(ws);
     EXPECT_EQ(ws.rt.Gtotal_strokes, 40);
     EXPECT_EQ(logged("Last Total Strokes: 40"), 1);
+    // Opening the job carries it into the running total too.
+    ws.rt.Gtotal_strokes = 0;
+    dialogs.files.push_back(path);
+    store::cmd_open_db_Click(ws);
+    EXPECT_EQ(ws.rt.Gtotal_strokes, 40);
 
     // A Null there leaves the total alone.
     exec("UPDATE OMBRI_DB_010 SET TOTAL_STROKES = NULL WHERE PACKET_NUM = 1004");
@@ -62,23 +72,4 @@ TEST_F(JobTest, TheLastCountIsReadFiveRecordsFromTheEnd) {
     depth::ReadLastTotalStrokes(ws);
     EXPECT_EQ(ws.rt.Gtotal_strokes, 3);
     EXPECT_FALSE(ws.rt.Gdb_busy);
-}
-
-TEST_F(JobTest, AShortJobGivesItsFirstCountAndAnEmptyOneNothing) {
-    ws.rt.Gtotal_strokes = 5;
-    depth::ReadLastTotalStrokes(ws);
-    EXPECT_EQ(ws.rt.Gtotal_strokes, 5);
-    ws.rt.Gtotal_strokes = 0;
-    for (int i = 0; i < 3; ++i) save(Packet());
-    ws.rt.Gtotal_strokes = 0;
-    depth::ReadLastTotalStrokes(ws);
-    EXPECT_EQ(ws.rt.Gtotal_strokes, 10);
-}
-
-TEST_F(JobTest, OpeningAJobCarriesItsCountIntoTheRunningTotal) {
-    for (int i = 0; i < 8; ++i) save(Packet());
-    ws.rt.Gtotal_strokes = 0;
-    dialogs.files.push_back(path);
-    store::cmd_open_db_Click(ws);
-    EXPECT_EQ(ws.rt.Gtotal_strokes, 40);
 }
