@@ -7,6 +7,7 @@
 #include "text/numbers.h"
 
 #include <QStringList>
+#include <algorithm>
 #include <exception>
 #include <stdexcept>
 
