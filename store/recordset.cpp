@@ -124,7 +124,7 @@ Variant ToColumn(ColKind kind, const Variant& v) {
         }
         ConversionError();
     case ColKind::Text:
-        if (v.kind() == K::Date) return text::IsoDateTime(v.toDate());
+        if (v.kind() == K::Date) return v.toIso();
         return v.toText();
     case ColKind::Date:
         if (v.kind() == K::Date) return v;
@@ -160,7 +160,7 @@ void Bind(sqlite3_stmt* s, int i, const Variant& v) {
         break;
     }
     case K::Date: {
-        const QByteArray u = text::IsoDateTime(v.toDate()).toUtf8();
+        const QByteArray u = v.toIso().toUtf8();
         sqlite3_bind_text(s, i, u.constData(), static_cast<int>(u.size()), SQLITE_TRANSIENT);
         break;
     }
@@ -178,6 +178,10 @@ struct Recordset::Impl {
 
     std::vector<Column> cols;
     QHash<QString, int> byName;
+    // The columns read so far: only these are fetched, so a pass that reads
+    // five columns of a wide table costs what a five-column SELECT does.
+    mutable std::vector<int> wanted;
+    mutable std::vector<int> cellOf; // column -> place in a cached row, -1 if not fetched
     mutable std::unordered_map<const char*, int> byPointer;
 
     std::vector<int64_t> keys;
@@ -190,9 +194,13 @@ struct Recordset::Impl {
     mutable std::array<Block, 2> blocks;
     mutable int lastUsed = 0;
     int lastDir = 1;
+    // The row the cursor arrived on: its block is checked for freshness once
+    // per arrival, not once per field.
+    mutable const Block* rowBlock = nullptr;
+    mutable int rowPos = -1;
 
-    QString rangeSql;
-    QString listSql;
+    mutable QString rangeSql;
+    mutable QString listSql;
 
     int n() const { return static_cast<int>(keys.size()); }
     bool bof() const { return keys.empty() || pos < 0; }
@@ -219,11 +227,7 @@ struct Recordset::Impl {
     }
 
     void describe() {
-        rangeSql = "SELECT rowid, " + columns + " FROM " + table + " WHERE rowid BETWEEN ?1 AND ?2";
-        QString list;
-        for (int i = 1; i <= kListBatch; ++i) list += (i > 1 ? ",?" : "?") + QString::number(i);
-        listSql = "SELECT rowid, " + columns + " FROM " + table + " WHERE rowid IN (" + list + ")";
-        StatementUse q(c(), rangeSql);
+        StatementUse q(c(), "SELECT rowid, " + columns + " FROM " + table + " WHERE 0");
         const int count = sqlite3_column_count(q.get());
         cols.clear();
         byName.clear();
@@ -236,6 +240,27 @@ struct Recordset::Impl {
             cols.push_back(std::move(col));
         }
         buffer.assign(cols.size(), std::nullopt);
+        wanted.clear();
+        cellOf.assign(cols.size(), -1);
+        fetchSql();
+    }
+
+    void fetchSql() const {
+        QString list = "rowid";
+        for (int c : wanted) list += ", " + Quote(cols[c].name);
+        rangeSql = "SELECT " + list + " FROM " + table + " WHERE rowid BETWEEN ?1 AND ?2";
+        QString marks;
+        for (int i = 1; i <= kListBatch; ++i) marks += (i > 1 ? ",?" : "?") + QString::number(i);
+        listSql = "SELECT " + list + " FROM " + table + " WHERE rowid IN (" + marks + ")";
+    }
+
+    // A column read for the first time joins the fetched ones; the rows
+    // cached so far lack it and are read again.
+    void want(int col) const {
+        cellOf[col] = static_cast<int>(wanted.size());
+        wanted.push_back(col);
+        fetchSql();
+        dropBlocks();
     }
 
     void readKeys() {
@@ -252,6 +277,7 @@ struct Recordset::Impl {
 
     void dropBlocks() const {
         for (Block& b : blocks) b.valid = false;
+        rowBlock = nullptr;
     }
 
     int column(const QString& name) const {
@@ -319,7 +345,7 @@ struct Recordset::Impl {
     }
 
     void store(Block& b, int slot, sqlite3_stmt* s) const {
-        const int nc = static_cast<int>(cols.size());
+        const int nc = static_cast<int>(wanted.size());
         Cell* row = &b.cells[static_cast<size_t>(slot) * nc];
         b.present[slot] = 1;
         for (int i = 0; i < nc; ++i) {
@@ -353,7 +379,7 @@ struct Recordset::Impl {
 
     void fill(Block& b, int from, int to) const {
         const int count = to - from;
-        const size_t nc = cols.size();
+        const size_t nc = wanted.size();
         b.valid = false;
         b.start = from;
         b.count = count;
@@ -413,8 +439,7 @@ struct Recordset::Impl {
             return cell.d;
         case SQLITE_TEXT: {
             const QString s = QString::fromUtf8(b.text.data() + cell.t.off, cell.t.len);
-            if (cols[col].kind == ColKind::Date)
-                if (auto d = text::FromIso(s)) return *d;
+            if (cols[col].kind == ColKind::Date) return Variant::FromIso(s);
             return s;
         }
         default:
@@ -428,10 +453,16 @@ struct Recordset::Impl {
             if (buffer[col]) return *buffer[col];
             if (mode == EditMode::Add) return {};
         }
-        const Block& b = blockFor(pos);
+        if (cellOf[col] < 0) want(col);
+        if (!rowBlock || rowPos != pos || !rowBlock->holds(pos) ||
+            rowBlock->changes != conn->totalChanges()) {
+            rowBlock = &blockFor(pos);
+            rowPos = pos;
+        }
+        const Block& b = *rowBlock;
         const int slot = pos - b.start;
         if (!b.present[slot]) Fail(err::RecordDeleted, "Record is deleted");
-        return fromCell(b, b.cells[static_cast<size_t>(slot) * cols.size() + col], col);
+        return fromCell(b, b.cells[static_cast<size_t>(slot) * wanted.size() + cellOf[col]], col);
     }
 
     // Our own change to a cached row goes into the cache too, so the
@@ -447,11 +478,11 @@ struct Recordset::Impl {
             }
             b.changes = after;
             if (!b.holds(pos) || !b.present[pos - b.start]) continue;
-            Cell* row = &b.cells[static_cast<size_t>(pos - b.start) * cols.size()];
+            Cell* row = &b.cells[static_cast<size_t>(pos - b.start) * wanted.size()];
             for (size_t i = 0; i < cols.size(); ++i) {
-                if (!buffer[i]) continue;
+                if (!buffer[i] || cellOf[i] < 0) continue;
                 const Variant& v = *buffer[i];
-                Cell& cell = row[i];
+                Cell& cell = row[cellOf[i]];
                 switch (v.kind()) {
                 case Variant::Kind::Null:
                     cell.type = SQLITE_NULL;
@@ -467,9 +498,7 @@ struct Recordset::Impl {
                 case Variant::Kind::Text:
                 case Variant::Kind::Date: {
                     const QByteArray u =
-                        (v.kind() == Variant::Kind::Date ? text::IsoDateTime(v.toDate())
-                                                         : v.toText())
-                            .toUtf8();
+                        (v.kind() == Variant::Kind::Date ? v.toIso() : v.toText()).toUtf8();
                     cell.type = SQLITE_TEXT;
                     cell.t.off = static_cast<uint32_t>(b.text.size());
                     cell.t.len = static_cast<uint32_t>(u.size());

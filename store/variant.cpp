@@ -17,7 +17,44 @@ namespace {
     throw DbError(err::TypeMismatch, QStringLiteral("Type mismatch"));
 }
 
+bool Digits(const QString& s, int from, int count, int* value) {
+    int v = 0;
+    for (int i = from; i < from + count; ++i) {
+        const QChar c = s[i];
+        if (c < u'0' || c > u'9') return false;
+        v = v * 10 + (c.unicode() - u'0');
+    }
+    *value = v;
+    return true;
+}
+
 } // namespace
+
+Variant Variant::FromIso(const QString& text) {
+    int y, mo, d, h, mi, sec;
+    if (text.size() == 19 && text[4] == u'-' && text[7] == u'-' && text[10] == u' ' &&
+        text[13] == u':' && text[16] == u':' && Digits(text, 0, 4, &y) && Digits(text, 5, 2, &mo) &&
+        Digits(text, 8, 2, &d) && Digits(text, 11, 2, &h) && Digits(text, 14, 2, &mi) &&
+        Digits(text, 17, 2, &sec) && QDate::isValid(y, mo, d) && QTime::isValid(h, mi, sec)) {
+        Variant v;
+        v.v_ = IsoDate{text};
+        return v;
+    }
+    if (auto other = text::FromIso(text)) return *other;
+    return text;
+}
+
+Variant::Kind Variant::kind() const {
+    return v_.index() == 5 ? Kind::Date : static_cast<Kind>(v_.index());
+}
+
+bool Variant::operator==(const Variant& o) const {
+    if (kind() != o.kind()) return false;
+    if (kind() != Kind::Date) return v_ == o.v_;
+    if (v_.index() == 5 && o.v_.index() == 5)
+        return std::get<IsoDate>(v_).text == std::get<IsoDate>(o.v_).text;
+    return toDate() == o.toDate();
+}
 
 double Variant::toDouble() const {
     switch (kind()) {
@@ -68,6 +105,10 @@ QString Variant::toText() const {
     case Kind::Text:
         return std::get<QString>(v_);
     case Kind::Date:
+        if (const auto* iso = std::get_if<IsoDate>(&v_)) {
+            const QString& t = iso->text;
+            return t.mid(5, 2) + u'/' + t.mid(8, 2) + u'/' + t.left(4) + u' ' + t.mid(11);
+        }
         return text::GeneralDate(std::get<QDateTime>(v_));
     }
     return {};
@@ -78,6 +119,7 @@ QDateTime Variant::toDate() const {
     case Kind::Null:
         NullUse();
     case Kind::Date:
+        if (const auto* iso = std::get_if<IsoDate>(&v_)) return *text::FromIso(iso->text);
         return std::get<QDateTime>(v_);
     case Kind::Text: {
         const QString& s = std::get<QString>(v_);
@@ -89,6 +131,11 @@ QDateTime Variant::toDate() const {
         break;
     }
     Mismatch();
+}
+
+QString Variant::toIso() const {
+    if (const auto* iso = std::get_if<IsoDate>(&v_)) return iso->text;
+    return text::IsoDateTime(toDate());
 }
 
 } // namespace store

@@ -24,8 +24,13 @@ class Variant {
     Variant(const char* v) : v_(QString::fromUtf8(v)) {}
     Variant(const QDateTime& v) : v_(v) {}
     static Variant Null() { return {}; }
+    // A date as the file keeps it, "YYYY-MM-DD HH:MM:SS"; made into a
+    // QDateTime only when asked for, since that asks the system for the time
+    // zone, and a long pass reads a date on every row. Text of another form
+    // stays text.
+    static Variant FromIso(const QString& text);
 
-    Kind kind() const { return static_cast<Kind>(v_.index()); }
+    Kind kind() const;
     bool isNull() const { return kind() == Kind::Null; }
 
     // A number. Text that is a plain number reads as it; other text fails
@@ -40,14 +45,20 @@ class Variant {
     // A date; text in ISO form ("YYYY-MM-DD HH:MM:SS") or an instrument form
     // converts, anything else fails.
     QDateTime toDate() const;
+    // A date as the file keeps it, "YYYY-MM-DD HH:MM:SS".
+    QString toIso() const;
 
     // The number, or `fallback` when the field is Null.
     double valueOr(double fallback) const { return isNull() ? fallback : toDouble(); }
 
-    bool operator==(const Variant& o) const { return v_ == o.v_; }
+    bool operator==(const Variant& o) const;
 
   private:
-    std::variant<std::monostate, double, int64_t, QString, QDateTime> v_;
+    struct IsoDate {
+        QString text;
+        bool operator==(const IsoDate&) const = default;
+    };
+    std::variant<std::monostate, double, int64_t, QString, QDateTime, IsoDate> v_;
 };
 
 } // namespace store

@@ -331,6 +331,11 @@ TEST(Recordset, ValuesAreConvertedToTheColumnWhenTheyAreSet) {
     Recordset back = db.OpenRecordset(RecordQuery(kRecordTable));
     EXPECT_EQ(back.Fields("DT").kind(), Variant::Kind::Date);
     EXPECT_EQ(back.Fields("DT").toDate(), QDateTime(QDate(2026, 11, 1), QTime(6, 0, 6)));
+    EXPECT_EQ(back.Fields("DT"), Variant(QDateTime(QDate(2026, 11, 1), QTime(6, 0, 6))));
+    EXPECT_EQ(back.Fields("DT").toText(), "11/01/2026 06:00:06");
+    // Columns read for the first time on a row already cached come too.
+    EXPECT_EQ(back.Fields("PACKET_NUM").toLong(), 12);
+    EXPECT_DOUBLE_EQ(back.Fields("DEPTH").toDouble(), 1234.5);
 }
 
 TEST(Recordset, TablesAndColumnsAreMadeOnceAndTheSecondTimeIsANamedError) {
