@@ -17,7 +17,6 @@ void Compact_db(Workstation& ws) {
     // 1.
     help.form.setCaption("Compacting Data Base \r\nDon't Touch Any Buttons.");
     acq::help_msg(ws, "");
-    acq::help_msg(ws, "");
     acq::help_msg(ws, "Compacting And Repairing Data Base...");
     help.pgbar.setValue(std::min(4, help.pgbar.max()));
     help.form.setVisible(true);

@@ -19,9 +19,9 @@ namespace {
 using Clock = std::chrono::steady_clock;
 
 // How long rows read ahead stand for the file. Another connection's change
-// to a row of the keyset shows at the latest this much later, as the older
-// engines' page time-out did; a move to the first or last record shows it at
-// once.
+// to a row of the keyset shows at the latest this much later, and a move to
+// the first or last record shows it at once. Checking the file on every
+// move instead would cost a read lock a row, several times the row itself.
 constexpr auto kFreshFor = std::chrono::milliseconds(800);
 // Read-ahead grows while a pass goes on in one direction: a jump reads a few
 // rows, a long pass reads big blocks, so one statement (and one read lock,

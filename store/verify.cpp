@@ -67,6 +67,7 @@ void Reindex(Workstation& ws, Database& db, Recordset& rs) {
     const int32_t count = rs.RecordCount();
     rs.MoveFirst();
     if (count > 1) {
+        acq::help_msg(ws, "");
         help.form.setCaption("Re-indexing Data Base.  Wait...");
         help.pgbar.setRange(1, count + 1);
         help.pgbar.setValue(1);
