@@ -27,8 +27,8 @@ namespace depth {
 
 class PassRhythm {
   public:
-    // batchRecords: the most records one batch may hold (1000 unless a job
-    // keeps smaller batches of its own).
+    // db: the pass's own connection. batchRecords: the most records one
+    // batch may hold (1000 unless a job keeps smaller batches of its own).
     PassRhythm(Workstation& ws, store::Database db, int batchRecords = 1000);
     // Keeps what was written: an open batch is committed, and a failure to do
     // so is left to the file's own recovery.

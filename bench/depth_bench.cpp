@@ -1,0 +1,200 @@
+// The long passes over a job of a million records (about 69 days of a well
+// drilled by the drilling model), against the floor: what the sqlite3 tool
+// takes for one statement that reads the same columns in packet order, and
+// for one that rewrites LAG_GU and DATA1 of every row.
+//
+// The job is made once into the system's temporary folder and reused by
+// later runs; delete gaschart-depth-bench there to make it again.
+#include "acquisition/workstation.h"
+#include "depth/lag.h"
+#include "store/recordset.h"
+#include "store/schema.h"
+#include "tools/common/drilling_model.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <benchmark/benchmark.h>
+#include <cstdio>
+#include <sys/resource.h>
+
+namespace {
+
+constexpr int kRecords = 1000000;
+
+QString JobPath() {
+    return QDir::tempPath() + "/gaschart-depth-bench/JOB_1M.db";
+}
+
+int32_t CountRecords(const QString& path) {
+    try {
+        store::Database db = store::OpenDatabase(path);
+        return db.OpenRecordset(store::RecordQuery(store::kRecordTable)).RecordCount();
+    } catch (const store::DbError&) {
+        return -1;
+    }
+}
+
+// The job as the live writer would have left it, written through the store
+// in large transactions.
+void MakeJob(const QString& path) {
+    QDir().mkpath(QFileInfo(path).path());
+    QFile::remove(path);
+    QFile::remove(path + "-wal");
+    QFile::remove(path + "-shm");
+    store::MakeBlankJob(path, store::kRecordTable);
+    store::Database db = store::OpenDatabase(path);
+    store::Recordset rs = db.OpenRecordset(store::RecordQuery(store::kRecordTable));
+    drill::Model model;
+    long total = 0;
+    db.BeginTrans();
+    for (int i = 0; i < kRecords; ++i) {
+        const drill::Sample s = model.next();
+        const long spm = static_cast<long>(s.spm);
+        // The record writer's rule: a tenth of a minute's strokes per row.
+        total = static_cast<long>(spm / 10.0 + total);
+        const auto& f = s.fields;
+        rs.AddNew();
+        rs.SetField("ID", i + 1);
+        rs.SetField("PACKET_NUM", static_cast<long long>(s.packetNumber));
+        rs.SetField("SERIAL_NUM", f[0]);
+        rs.SetField("DATE_TXT", f[1]);
+        rs.SetField("TIME_TXT", f[2]);
+        rs.SetField("DT", s.time);
+        rs.SetField("DEPTH", f[3].toDouble());
+        rs.SetField("DEPTH_RAW", f[3].toDouble());
+        rs.SetField("GAS_UNITS", f[4].toDouble());
+        rs.SetField("O2", f[5].toDouble());
+        rs.SetField("CO2", f[6].toDouble());
+        rs.SetField("MIN_FT", f[9].toDouble());
+        rs.SetField("FT_HR", f[10].toDouble());
+        rs.SetField("H2S", f[19].toDouble());
+        rs.SetField("ERR_TXT", s.pumpsOn ? f[20] : f[20] + " *");
+        static const char* const kGases[] = {"C1", "C2", "C3", "IC4", "NC4"};
+        for (int g = 0; g < 5; ++g) rs.SetField(kGases[g], f[29 + g].toDouble());
+        rs.SetField("BIT_DEPTH", s.bitDepth);
+        rs.SetField("TOTAL_SPM", static_cast<double>(spm));
+        rs.SetField("TOTAL_STROKES", static_cast<double>(total));
+        rs.Update();
+        if (i % 50000 == 49999) {
+            db.CommitTrans();
+            db.BeginTrans();
+            std::fprintf(stderr, "\rmaking the job: %d records", i + 1);
+        }
+    }
+    db.CommitTrans();
+    std::fprintf(stderr, "\n");
+}
+
+const QString& Job() {
+    static const QString path = [] {
+        const QString p = JobPath();
+        if (CountRecords(p) != kRecords) MakeJob(p);
+        return p;
+    }();
+    return path;
+}
+
+// A workstation over a temporary program folder, working on the job.
+struct Station {
+    QTemporaryDir dir;
+    Workstation ws{dir.path()};
+    explicit Station(bool byStrokes = true) {
+        ws.fm_Gas_Chart.txt_db_path.setText(Job());
+        ws.fm_setup.op_lag_calc_Str.setValue(byStrokes ? 1 : 0);
+        ws.fm_setup.op_lag_calc_Time.setValue(byStrokes ? 0 : 1);
+        depth::tmr_lag_calc_Timer(ws);
+    }
+};
+
+void CheckNoError(benchmark::State& state, Workstation& ws) {
+    if (ws.rt.Gdb_error) state.SkipWithError("the pass failed; see ERR_LOG.TXT");
+}
+
+// CPU seconds of the finished child processes so far: on a shared machine
+// the tool's own CPU time is a steadier floor than its wall time.
+double ChildCpuSeconds() {
+    rusage u{};
+    getrusage(RUSAGE_CHILDREN, &u);
+    return double(u.ru_utime.tv_sec + u.ru_stime.tv_sec) +
+           double(u.ru_utime.tv_usec + u.ru_stime.tv_usec) / 1e6;
+}
+
+// One statement of the sqlite3 tool on the job, its output thrown away.
+void Floor(benchmark::State& state, const QString& sql) {
+    const double cpu = ChildCpuSeconds();
+    for (auto _ : state) {
+        QProcess p;
+        p.setStandardOutputFile(QProcess::nullDevice());
+        p.start("sqlite3", {"-batch", Job(), sql});
+        if (!p.waitForFinished(-1) || p.exitCode() != 0)
+            state.SkipWithError("the sqlite3 tool failed");
+    }
+    state.counters["tool_cpu_ms"] = (ChildCpuSeconds() - cpu) * 1000 / double(state.iterations());
+}
+
+void StrokesPass(benchmark::State& state) {
+    Station s(true);
+    for (auto _ : state) depth::RecalculateLag(s.ws, 0, 0, 0);
+    CheckNoError(state, s.ws);
+}
+
+void TimePass(benchmark::State& state) {
+    Station s(false);
+    for (auto _ : state) depth::RecalculateLag(s.ws, 0, 0, 0);
+    CheckNoError(state, s.ws);
+}
+
+void CollectRopData(benchmark::State& state) {
+    Station s;
+    for (auto _ : state) depth::Collect_ROP_Data(s.ws);
+    if (s.ws.depth.RopMaxDepth <= 0) state.SkipWithError("nothing collected");
+}
+
+void FixTotalStrokes(benchmark::State& state) {
+    Station s;
+    for (auto _ : state) depth::Fix_total_strokes(s.ws);
+    if (s.ws.rt.Gtotal_strokes <= 0) state.SkipWithError("no stroke total");
+}
+
+void FloorReadLag(benchmark::State& state) {
+    Floor(state, "SELECT DEPTH, TOTAL_STROKES, ERR_TXT, MIN_FT, FT_HR, DT, LAG_GU, DATA1 "
+                 "FROM OMBRI_DB_010 ORDER BY PACKET_NUM;");
+}
+
+void FloorReadRop(benchmark::State& state) {
+    Floor(state, "SELECT DEPTH, LAG_GU, GAS_UNITS, ERR_TXT, KW7001, KW7003, KW7005, KW7007, "
+                 "GAMMA, GAMMA_LAG, C1, C2, C3, IC4, NC4, IC5, NC5, DATA1, MIN_FT, O2, CO2, "
+                 "H2S, DT, PACKET_NUM FROM OMBRI_DB_010 ORDER BY PACKET_NUM;");
+}
+
+void FloorReadStrokes(benchmark::State& state) {
+    Floor(state, "SELECT TOTAL_SPM, TOTAL_STROKES FROM OMBRI_DB_010 ORDER BY PACKET_NUM;");
+}
+
+void FloorUpdateLag(benchmark::State& state) {
+    Floor(state, "UPDATE OMBRI_DB_010 SET LAG_GU = DEPTH, DATA1 = MIN_FT;");
+}
+
+} // namespace
+
+BENCHMARK(StrokesPass)->Unit(benchmark::kMillisecond)->Iterations(3);
+BENCHMARK(TimePass)->Unit(benchmark::kMillisecond)->Iterations(3);
+BENCHMARK(CollectRopData)->Unit(benchmark::kMillisecond)->Iterations(3);
+BENCHMARK(FixTotalStrokes)->Unit(benchmark::kMillisecond)->Iterations(3);
+BENCHMARK(FloorReadLag)->Unit(benchmark::kMillisecond)->Iterations(3);
+BENCHMARK(FloorReadRop)->Unit(benchmark::kMillisecond)->Iterations(3);
+BENCHMARK(FloorReadStrokes)->Unit(benchmark::kMillisecond)->Iterations(3);
+BENCHMARK(FloorUpdateLag)->Unit(benchmark::kMillisecond)->Iterations(3);
+
+int main(int argc, char** argv) {
+    QCoreApplication app(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
+    Job();
+    benchmark::RunSpecifiedBenchmarks();
+    benchmark::Shutdown();
+    return 0;
+}
