@@ -302,8 +302,10 @@ void bindCaption(QLabel* label, forms::Control& c) {
 void applyColors(QWidget* w, long back, long fore) {
     // The toolkit's face with the program's default black text stays as the
     // theme draws it; anything the program chose is drawn as chosen.
-    const bool ownBack = back != forms::color::Button;
-    const bool ownFore = ownBack || fore != forms::color::Black;
+    // Grey is the classic button face: drawn as the theme's face, so a
+    // button at rest looks like every other button.
+    const bool ownBack = back != forms::color::Button && back != forms::color::Grey;
+    const bool ownFore = fore != forms::color::Button && (ownBack || fore != forms::color::Black);
     QPalette p;
     if (ownBack) {
         const QColor b = toQColor(back);
@@ -314,6 +316,12 @@ void applyColors(QWidget* w, long back, long fore) {
         // Text in the colour of its own ground is never meant to vanish:
         // it is drawn in the contrasting colour instead.
         if (ownBack && fore == back) f = toQColor(back).lightness() < 128 ? Qt::white : Qt::black;
+        // On the theme's own dark ground a dark colour (a blue curve, a black
+        // one) keeps its hue but is lifted until it can be read at night.
+        const QPalette around = w->parentWidget() ? w->parentWidget()->palette() : QPalette();
+        const QColor ground = around.color(QPalette::Window);
+        if (!ownBack && ground.lightness() < 100 && f.lightness() < 150)
+            f = QColor::fromHsl(f.hslHue(), f.hslSaturation(), 150);
         for (auto role : {QPalette::WindowText, QPalette::ButtonText, QPalette::Text})
             p.setColor(role, f);
     }

@@ -80,9 +80,13 @@ QWidget* makeBound(Workstation& ws, const forms::Panel& panel, forms::Control& c
     case Kind::Button:
         w = new QPushButton(parent);
         break;
-    case Kind::LineEdit:
-        w = new QLineEdit(parent);
+    case Kind::LineEdit: {
+        auto* e = new QLineEdit(parent);
+        // Room for a depth, a scale such as "0 to 300" or a four digit code.
+        e->setMinimumWidth(e->fontMetrics().horizontalAdvance(QStringLiteral("0000 to 0000")));
+        w = e;
         break;
+    }
     case Kind::TextArea: {
         auto* area = new QPlainTextEdit(parent);
         area->setMinimumHeight(area->fontMetrics().lineSpacing() * 4);
@@ -92,6 +96,10 @@ QWidget* makeBound(Workstation& ws, const forms::Panel& panel, forms::Control& c
     case Kind::Label: {
         auto* l = new QLabel(parent);
         l->setWordWrap(c.caption().size() > 48);
+        // A colour label is a swatch to click: it needs a size of its own.
+        if (c.name().endsWith(QLatin1String("_color")))
+            l->setMinimumSize(l->fontMetrics().horizontalAdvance(QStringLiteral("MMMM")),
+                              l->fontMetrics().height());
         w = l;
         break;
     }
@@ -189,7 +197,10 @@ void layoutControls(Workstation& ws, const forms::Panel& panel,
             continue;
         }
         const bool editor = kind == Kind::LineEdit || kind == Kind::Combo;
-        if (editor && c->caption().isEmpty() && openRow >= 0 && openCell < kCells) {
+        // A box or read-out without words of its own stands beside the
+        // words before it.
+        const bool wordless = (editor || kind == Kind::Label) && c->caption().isEmpty();
+        if (wordless && openRow >= 0 && openCell < kCells) {
             grid->addWidget(makeBound(ws, panel, *c, host), openRow, openCell++);
             continue;
         }
@@ -216,8 +227,15 @@ void layoutControls(Workstation& ws, const forms::Panel& panel,
             grid->addWidget(w, row++, 0, 1, kCells);
         }
     }
-    grid->setColumnStretch(1, 1);
-    grid->setColumnStretch(2, 1);
+    // Only columns that hold a control of their own share the room; a
+    // column with a stretch but no control would take room from the rest.
+    bool used[kCells] = {};
+    for (int i = 0; i < grid->count(); ++i) {
+        int r = 0, col = 0, rows = 0, cols = 0;
+        grid->getItemPosition(i, &r, &col, &rows, &cols);
+        if (cols == 1 && col < kCells) used[col] = true;
+    }
+    for (int col = 1; col < kCells; ++col) grid->setColumnStretch(col, used[col] ? 1 : 0);
 }
 
 } // namespace ui

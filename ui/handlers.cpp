@@ -1,5 +1,6 @@
 #include "ui/handlers.h"
 
+#include "acquisition/commands.h"
 #include "acquisition/control_box.h"
 #include "acquisition/link.h"
 #include "acquisition/viewer.h"
@@ -44,6 +45,7 @@ constexpr Route route(const char* p, const char* c, Keyed f) {
 constexpr const char* kMain = "fm_Gas_Chart";
 constexpr const char* kSetup = "fm_setup";
 constexpr const char* kViewer = "more_data";
+constexpr const char* kLogin = "fm_secure";
 
 // Control name -> handler. A control whose handler is still to come simply
 // has no row yet: its widget shows and edits the model, and a press does
@@ -63,10 +65,16 @@ const Route kRoutes[] = {
     route(kMain, "cmd_new_db", On::Click, &store::cmd_new_db_Click),
     route(kMain, "cmd_open_db", On::Click, &store::cmd_open_db_Click),
     route(kMain, "cmd_save_database", On::Click, &store::cmd_save_database_Click),
+    route(kMain, "cmdCompact", On::Click, &store::Compact_db),
     // The instrument link on the setup panel.
     route(kSetup, "op_conn_using_serial", On::Click, &acq::op_conn_using_serial_Click),
     route(kSetup, "ck_Use_TCP", On::Click, &acq::ck_Use_TCP_Click),
     route(kSetup, "cmd_KW_lut", On::Click, &acq::cmd_KW_lut_Click),
+    // The instrument's console and the login.
+    route(kSetup, "cmd_KW_command", On::Click, &acq::cmd_KW_command_Click),
+    route(kSetup, "cmd_secure", On::Click, &acq::cmd_secure_Click),
+    route(kLogin, "cmd_send_key", On::Click, &acq::cmd_send_key_Click),
+    route(kLogin, "txt_pwe", On::Enter, &acq::cmd_send_key_Click),
     // The setup panel's own settings.
     route(kSetup, "ck_metric", On::Click, &config::ck_metric_Click),
     route(kSetup, "op_delim", On::Click, &config::op_delim_Click),

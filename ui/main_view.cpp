@@ -50,6 +50,10 @@ const struct {
     {"cmd_sync_kettlewick", nullptr},
 };
 
+bool isAlarmBox(const char* name) {
+    return QLatin1String(name) == QLatin1String("txt_KW_err");
+}
+
 // Boxes the operator reads but does not type in.
 const char* const kReadOnly[] = {"txt_KW_err", "txt_TotalStr", "txt_db_path"};
 
@@ -109,6 +113,13 @@ QWidget* MainView::buildControlBox() {
             grid->addWidget(right, r, 1);
         } else if (left || right) {
             grid->addWidget(left ? left : right, r, 0, 1, 2);
+        }
+        if (isAlarmBox(slot.left) && left) {
+            // The instrument's alarm is the first thing to read on the box.
+            QFont f = left->font();
+            f.setBold(true);
+            f.setPointSizeF(f.pointSizeF() * 1.15);
+            left->setFont(f);
         }
         if (auto* msg = qobject_cast<QPlainTextEdit*>(left)) {
             msg->setMinimumHeight(msg->fontMetrics().lineSpacing() * 8);

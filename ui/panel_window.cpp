@@ -35,13 +35,15 @@ void PanelWindow::followForm() {
     activateWindow();
 }
 
+QSize PanelWindow::preferredSize(const QSize& room) const {
+    return sizeHint().expandedTo(minimumSizeHint()).boundedTo(room * 0.92);
+}
+
 void PanelWindow::placeOnShow() {
     const QScreen* s = screen();
     if (!s) return;
     const QRect avail = s->availableGeometry();
-    QSize want = sizeHint().expandedTo(minimumSizeHint());
-    want = want.boundedTo(avail.size() * 0.92);
-    resize(want);
+    resize(preferredSize(avail.size()));
     move(avail.center() - QPoint(width() / 2, height() / 2));
 }
 

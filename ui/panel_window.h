@@ -19,11 +19,14 @@ class PanelWindow : public QWidget {
     // Shows or hides the window as the form says (the views call it once
     // they are built; later changes of the form arrive by themselves).
     void followForm();
+    // The size the window takes on a screen with this much room: what it
+    // asks for, within the room.
+    virtual QSize preferredSize(const QSize& room) const;
 
   protected:
     void closeEvent(QCloseEvent* e) override;
-    // Called each time the window is shown by its form; brings it to a size
-    // that fits the screen the first time.
+    // Called the first time the window is shown by its form: its preferred
+    // size on its screen, in the middle.
     virtual void placeOnShow();
 
   private:

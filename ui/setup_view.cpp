@@ -3,6 +3,7 @@
 #include "acquisition/workstation.h"
 #include "ui/binder.h"
 #include "ui/control_widgets.h"
+#include "ui/frame_columns.h"
 
 #include <QFormLayout>
 #include <QGridLayout>
@@ -10,14 +11,13 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QScrollArea>
+#include <QTabBar>
 #include <QTabWidget>
 #include <QVBoxLayout>
 
 namespace ui {
 
 namespace {
-
-constexpr int kColumns = 3;
 
 bool isTabControl(const forms::Control& c) {
     return c.name() == QLatin1String("SSTab1") || c.name() == QLatin1String("tab_setup");
@@ -45,6 +45,8 @@ void buildTabbedFrame(Workstation& ws, forms::FmSetup& setup, forms::Control& ta
         }
     }
     auto* tabs = new QTabWidget(box);
+    // Every zone's tab in sight, none behind scroll arrows.
+    tabs->setUsesScrollButtons(false);
     for (int p = 0; p < pages; ++p) {
         auto* page = new QWidget;
         auto* form = new QFormLayout(page);
@@ -98,40 +100,34 @@ QGroupBox* buildFrame(Workstation& ws, forms::FmSetup& setup, const forms::FmSet
     return box;
 }
 
-// One page: its frames in columns, each frame going to the column that is
-// shortest so far; the page scrolls when the screen is small.
+// One page: its frames in columns as wide as the page allows; the page
+// scrolls down when the screen is small.
 QWidget* buildPage(Workstation& ws, forms::FmSetup& setup, const QString& tab) {
     auto* scroll = new QScrollArea;
     scroll->setWidgetResizable(true);
     scroll->setFrameShape(QFrame::NoFrame);
-    auto* content = new QWidget;
-    auto* row = new QHBoxLayout(content);
-    QVBoxLayout* columns[kColumns];
-    int heights[kColumns] = {};
-    for (auto& col : columns) {
-        col = new QVBoxLayout;
-        row->addLayout(col, 1);
-    }
-    for (const auto& f : setup.frames()) {
-        if (f.tab != tab) continue;
-        QGroupBox* box = buildFrame(ws, setup, f, content);
-        int shortest = 0;
-        for (int i = 1; i < kColumns; ++i)
-            if (heights[i] < heights[shortest]) shortest = i;
-        columns[shortest]->addWidget(box);
-        heights[shortest] += box->sizeHint().height();
-    }
-    for (auto* col : columns) col->addStretch(1);
+    auto* content = new FrameColumns;
+    for (const auto& f : setup.frames())
+        if (f.tab == tab) content->addFrame(buildFrame(ws, setup, f, content));
     scroll->setWidget(content);
     return scroll;
 }
 
 } // namespace
 
+QSize SetupView::preferredSize(const QSize& room) const {
+    QSize want;
+    for (auto* page : findChildren<FrameColumns*>()) want = want.expandedTo(page->widestHint());
+    // The tabs, the frame of the page, the window's margins and a scroll bar.
+    want += QSize(64, tabs_->tabBar()->sizeHint().height() + 48);
+    return want.expandedTo(minimumSizeHint()).boundedTo(room * 0.92);
+}
+
 SetupView::SetupView(Workstation& ws, QWidget* owner) : PanelWindow(ws.fm_setup, owner) {
     auto& setup = ws.fm_setup;
     auto* page = new QVBoxLayout(this);
     tabs_ = new QTabWidget(this);
+    tabs_->setUsesScrollButtons(false);
     page->addWidget(tabs_);
 
     // The pages in the order of tab_setup, then any tab a frame names that

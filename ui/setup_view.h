@@ -17,6 +17,9 @@ class SetupView : public PanelWindow {
     SetupView(Workstation& ws, QWidget* owner);
     QTabWidget* tabs() const { return tabs_; }
 
+    // As large as the fullest page wants, within the room.
+    QSize preferredSize(const QSize& room) const override;
+
   private:
     QTabWidget* tabs_ = nullptr;
 };

@@ -1,24 +1,35 @@
 #include "ui/widget_dialogs.h"
 
+#include "ui/colors.h"
+
 #include <QColorDialog>
+#include <QDir>
 #include <QFileDialog>
 #include <QMessageBox>
 
 namespace ui {
 
-namespace {
-// "Data Base File (*.DB) | *.db;*.DB | All Files (*.*) | *.*" -> Qt's form.
-QString qtFilter(const QString& filter) {
+QStringList dialogFilters(const QString& filter) {
     const QStringList parts = filter.split('|');
     QStringList out;
     for (int i = 0; i + 1 < parts.size(); i += 2) {
-        QString patterns = parts[i + 1].trimmed();
-        patterns.replace(';', ' ');
-        out << parts[i].trimmed().section('(', 0, 0).trimmed() + " (" + patterns + ")";
+        // The words shown are the description's own, less any patterns it
+        // names; the patterns are those of the second half.
+        const QString words = parts[i].section('(', 0, 0).trimmed();
+        QStringList patterns;
+        for (const QString& p : parts[i + 1].split(';', Qt::SkipEmptyParts))
+            if (!p.trimmed().isEmpty()) patterns << p.trimmed();
+        if (patterns.isEmpty()) continue;
+        out << words + " (" + patterns.join(' ') + ")";
     }
-    return out.join(";;");
+    return out;
 }
-} // namespace
+
+QString dialogPath(const QString& path) {
+    QString p = path;
+    p.replace('\\', '/');
+    return QDir::cleanPath(p);
+}
 
 platform::Answer WidgetDialogs::MsgBox(const QString& text, platform::Buttons buttons,
                                        const QString& title, platform::Icon icon) {
@@ -41,6 +52,7 @@ platform::Answer WidgetDialogs::MsgBox(const QString& text, platform::Buttons bu
     }
     if (buttons == platform::Buttons::YesNo) {
         box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
+        box.setDefaultButton(QMessageBox::Yes);
         return box.exec() == QMessageBox::Yes ? platform::Answer::Yes : platform::Answer::No;
     }
     box.setStandardButtons(QMessageBox::Ok);
@@ -48,21 +60,45 @@ platform::Answer WidgetDialogs::MsgBox(const QString& text, platform::Buttons bu
     return platform::Answer::Ok;
 }
 
+namespace {
+QString runFileDialog(QFileDialog::AcceptMode mode, const QString& title, const QString& filter,
+                      const QString& start) {
+    QFileDialog dialog(nullptr, title);
+    dialog.setAcceptMode(mode);
+    dialog.setFileMode(mode == QFileDialog::AcceptOpen ? QFileDialog::ExistingFile
+                                                       : QFileDialog::AnyFile);
+    const QStringList filters = dialogFilters(filter);
+    if (!filters.isEmpty()) dialog.setNameFilters(filters);
+    const QString where = dialogPath(start);
+    if (!where.isEmpty() && where != QStringLiteral(".")) {
+        const QFileInfo info(where);
+        if (info.isDir()) {
+            dialog.setDirectory(where);
+        } else {
+            // A start name as well as a folder.
+            dialog.setDirectory(info.absolutePath());
+            dialog.selectFile(info.fileName());
+        }
+    }
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
+    return dialog.selectedFiles().constFirst();
+}
+} // namespace
+
 QString WidgetDialogs::OpenFile(const QString& title, const QString& filter,
                                 const QString& startDir) {
-    return QFileDialog::getOpenFileName(nullptr, title, startDir, qtFilter(filter));
+    return runFileDialog(QFileDialog::AcceptOpen, title, filter, startDir);
 }
 
 QString WidgetDialogs::SaveFile(const QString& title, const QString& filter,
                                 const QString& startDir) {
-    return QFileDialog::getSaveFileName(nullptr, title, startDir, qtFilter(filter));
+    return runFileDialog(QFileDialog::AcceptSave, title, filter, startDir);
 }
 
 std::optional<long> WidgetDialogs::PickColor(const QString& title, long initial) {
-    const QColor start(initial & 0xFF, (initial >> 8) & 0xFF, (initial >> 16) & 0xFF);
-    const QColor c = QColorDialog::getColor(start, nullptr, title);
+    const QColor c = QColorDialog::getColor(toQColor(initial), nullptr, title);
     if (!c.isValid()) return std::nullopt;
-    return c.red() | (c.green() << 8) | (static_cast<long>(c.blue()) << 16);
+    return fromQColor(c);
 }
 
 } // namespace ui

@@ -14,4 +14,12 @@ class WidgetDialogs : public platform::Dialogs {
     std::optional<long> PickColor(const QString& title, long initial) override;
 };
 
+// The program's filter form, "Data Base File (*.DB) | *.db;*.DB | All Files
+// (*.*) | *.*", as the file dialog's list: "Data Base File (*.db *.DB)",
+// "All Files (*.*)".
+QStringList dialogFilters(const QString& filter);
+// A folder or file name as the program writes it (its separators may be
+// either kind) in this system's form.
+QString dialogPath(const QString& path);
+
 } // namespace ui

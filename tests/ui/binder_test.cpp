@@ -44,13 +44,18 @@ TEST(Binder, ButtonFollowsItsControlAndAPressReachesTheHandler) {
     EXPECT_EQ(b->text(), "Kettlewick Disconnected");
     EXPECT_EQ(b->palette().color(QPalette::Button), QColor(255, 0, 0));
 
-    c.setCaption("Kettlewick Forced Off");
-    c.setBackColor(color::Grey);
-    EXPECT_EQ(b->text(), "Kettlewick Forced Off");
-    EXPECT_EQ(b->palette().color(QPalette::Button), QColor(0xE0, 0xE0, 0xE0));
-    // The toolkit's own face again: the theme's button colour.
+    c.setCaption("Connected: 61 TCP 60%");
+    c.setBackColor(color::Orange);
+    EXPECT_EQ(b->text(), "Connected: 61 TCP 60%");
+    EXPECT_EQ(b->palette().color(QPalette::Button), QColor(255, 128, 0));
+    // The toolkit's own face again, and grey, the classic face, with it.
+    const QPalette theme = host.window.palette();
     c.setBackColor(color::Button);
-    EXPECT_EQ(b->palette().color(QPalette::Button), host.window.palette().color(QPalette::Button));
+    EXPECT_EQ(b->palette().color(QPalette::Button), theme.color(QPalette::Button));
+    c.setBackColor(color::Red);
+    c.setBackColor(color::Grey);
+    EXPECT_EQ(b->palette().color(QPalette::Button), theme.color(QPalette::Button));
+    EXPECT_EQ(b->palette().color(QPalette::ButtonText), theme.color(QPalette::ButtonText));
 
     c.setToolTip("link");
     c.setEnabled(false);
@@ -82,6 +87,19 @@ TEST(Binder, ColoursAreRedInTheLowByteAndTextNeverVanishesIntoItsGround) {
     c.setForeColor(color::Black);
     EXPECT_EQ(l->palette().color(QPalette::WindowText), QColor(Qt::white));
     EXPECT_EQ(ui::fromQColor(ui::toQColor(0x123456)), 0x123456);
+
+    // A dark curve colour on a dark screen keeps its hue and is lifted.
+    QWidget night;
+    QPalette dark;
+    dark.setColor(QPalette::Window, QColor(0x2b, 0x2d, 0x30));
+    night.setPalette(dark);
+    Control gas("lbl_c2");
+    auto* c2 = new QLabel(&night);
+    ui::bind(c2, gas);
+    gas.setForeColor(0xFF0000); // blue
+    const QColor shown = c2->palette().color(QPalette::WindowText);
+    EXPECT_EQ(shown.hslHue(), 240);
+    EXPECT_GE(shown.lightness(), 150);
 }
 
 TEST(Binder, TextBoxTypingEnterAndLeavingReachTheModelAndTheHandlers) {

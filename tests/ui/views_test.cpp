@@ -69,14 +69,15 @@ TEST(Views, EveryControlOfEveryPanelHasItsWidgetNamedAfterIt) {
                 << p->name().toStdString() << "." << name.toStdString();
         }
     }
-    // Each viewer label stands in its frame, under the frame's words.
+    // Each viewer label stands in its own frame, under that frame's words.
     for (const auto& f : forms::MoreData::fieldLabels()) {
         const forms::Control& label = st.ws.more_data.*(f.label);
         auto* l = st.widgetOf<QLabel>("more_data", label.name());
         ASSERT_NE(l, nullptr);
         auto* frame = qobject_cast<QGroupBox*>(l->parentWidget());
         ASSERT_NE(frame, nullptr) << label.name().toStdString();
-        EXPECT_EQ(frame->title(), QString::fromLatin1(f.frame));
+        EXPECT_EQ(frame->title().toStdString(),
+                  st.ws.more_data.frameOf(label.name()).caption().toStdString());
     }
 }
 
@@ -84,6 +85,14 @@ TEST(Views, ControlBoxPressesAndEntriesReachTheLogic) {
     Station st;
     ASSERT_TRUE(st.loaded);
     auto& fm = st.ws.fm_Gas_Chart;
+
+    // The link button: forced off, and the screen says so.
+    auto* link = st.widgetOf<QPushButton>("fm_Gas_Chart", "cmd_comm1");
+    ASSERT_NE(link, nullptr);
+    link->click();
+    EXPECT_EQ(st.ws.rt.Glink_mode, 0);
+    EXPECT_EQ(link->text(), "Kettlewick Forced Off");
+    EXPECT_EQ(fm.cmd_comm1.caption(), "Kettlewick Forced Off");
 
     auto* refresh = st.widgetOf<QPushButton>("fm_Gas_Chart", "cmd_refresh");
     ASSERT_NE(refresh, nullptr);
@@ -197,18 +206,36 @@ TEST(Views, TheLoginPasswordIsStarred) {
     EXPECT_EQ(st.ws.fm_secure.txt_pwe.text(), "secret");
 }
 
+// An instrument on a real socket, with the workstation's link connected to it.
+struct Instrument {
+    QTcpServer server;
+    QTcpSocket* far = nullptr;
+    QByteArray got;
+    bool connect(Workstation& ws) {
+        if (!server.listen(QHostAddress::LocalHost)) return false;
+        ws.Winsock_ombri.RemoteHost = "127.0.0.1";
+        ws.Winsock_ombri.RemotePort = server.serverPort();
+        ws.Winsock_ombri.Connect();
+        if (!waitFor([&] { return ws.Winsock_ombri.State() == 7; })) return false;
+        if (!waitFor([&] { return server.hasPendingConnections(); })) return false;
+        far = server.nextPendingConnection();
+        ws.rt.Gsock_state = 7;
+        return true;
+    }
+    // Waits until what has arrived satisfies done.
+    template <class F> bool receive(F done) {
+        return waitFor([&] {
+            got += far->readAll();
+            return done(got);
+        });
+    }
+};
+
 TEST(Views, KeysTypedInTheTerminalGoToTheInstrumentAndAreNotShown) {
-    QTcpServer instrument;
-    ASSERT_TRUE(instrument.listen(QHostAddress::LocalHost));
     Station st;
     ASSERT_TRUE(st.loaded);
-    st.ws.Winsock_ombri.RemoteHost = "127.0.0.1";
-    st.ws.Winsock_ombri.RemotePort = instrument.serverPort();
-    st.ws.Winsock_ombri.Connect();
-    ASSERT_TRUE(waitFor([&] { return st.ws.Winsock_ombri.State() == 7; }));
-    ASSERT_TRUE(waitFor([&] { return instrument.hasPendingConnections(); }));
-    QTcpSocket* far = instrument.nextPendingConnection();
-    st.ws.rt.Gsock_state = 7;
+    Instrument kw;
+    ASSERT_TRUE(kw.connect(st.ws));
 
     st.ws.more_data.form.setVisible(true);
     auto* terminal = st.widgetOf<QPlainTextEdit>("more_data", "text_window");
@@ -216,12 +243,39 @@ TEST(Views, KeysTypedInTheTerminalGoToTheInstrumentAndAreNotShown) {
     const QString shown = terminal->toPlainText();
     uitest::type(terminal, "STATUS");
     uitest::enter(terminal);
-    QByteArray got;
-    EXPECT_TRUE(waitFor([&] {
-        got += far->readAll();
-        return got == "STATUS\r";
-    })) << got.toStdString();
+    EXPECT_TRUE(kw.receive([](const QByteArray& g) { return g == "STATUS\r"; }))
+        << kw.got.toStdString();
     EXPECT_EQ(terminal->toPlainText(), shown);
+}
+
+TEST(Views, TheConsoleButtonsAndTheLoginPanelTalkToTheInstrument) {
+    Station st;
+    ASSERT_TRUE(st.loaded);
+    Instrument kw;
+    ASSERT_TRUE(kw.connect(st.ws));
+
+    // The gas alarm row: 1550 goes out in hundreds.
+    auto* value = st.widgetOf<QLineEdit>("fm_setup", "txt_data_6");
+    ASSERT_NE(value, nullptr);
+    uitest::type(value, "1550");
+    st.widgetOf<QPushButton>("fm_setup", "cmd_KW_command_6")->click();
+    EXPECT_TRUE(kw.receive([](const QByteArray& g) { return g.contains("setreg 53 15\r"); }))
+        << kw.got.toStdString();
+
+    // The login: the panel opens from its button; Enter in the password box
+    // sends the key and puts the panel away.
+    st.widgetOf<QPushButton>("fm_setup", "cmd_secure")->click();
+    ASSERT_TRUE(st.window("fm_secure")->isVisible());
+    uitest::type(st.widgetOf<QLineEdit>("fm_secure", "txt_username"), "logger");
+    auto* pwe = st.widgetOf<QLineEdit>("fm_secure", "txt_pwe");
+    uitest::type(pwe, "secret");
+    kw.got.clear();
+    uitest::enter(pwe);
+    EXPECT_TRUE(kw.receive([](const QByteArray& g) { return g.contains("]\r\n"); }))
+        << kw.got.toStdString();
+    EXPECT_TRUE(kw.got.startsWith("[PGP KEY "));
+    EXPECT_EQ(kw.got.size(), 9 + 765 + 1 + 2);
+    EXPECT_FALSE(st.window("fm_secure")->isVisible());
 }
 
 TEST(Views, APressOnTheScreenHidesOrShowsTheControlBoxAndKeepsTheSettings) {
@@ -285,10 +339,10 @@ TEST(Views, TheExitQuestionNoKeepsRunningYesClosesTheJobCleanly) {
     EXPECT_FALSE(st.window("more_data")->isVisible());
     EXPECT_TRUE(st.ws.closing);
     EXPECT_FALSE(st.ws.timer("tmr_refresh")->isActive());
+    // The job the start-up opened is whole and closed: nothing of the
+    // write-ahead log is left to replay.
     const QString job = st.ws.fm_Gas_Chart.txt_db_path.text();
-    if (QFile::exists(job)) {
-        EXPECT_EQ(integrity(job), "ok");
-        // Closed cleanly: nothing of the write-ahead log is left behind.
-        EXPECT_FALSE(QFile::exists(job + "-wal") && QFile(job + "-wal").size() > 0);
-    }
+    ASSERT_TRUE(QFile::exists(job)) << job.toStdString();
+    EXPECT_EQ(integrity(job), "ok");
+    EXPECT_FALSE(QFile::exists(job + "-wal") && QFile(job + "-wal").size() > 0);
 }

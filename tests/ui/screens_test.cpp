@@ -1,0 +1,130 @@
+// Every screen rendered at the two screen sizes of the logging unit, saved as
+// pictures beside the build for a person to look at, and checked for words
+// that do not fit their control.
+#include "acquisition/live_fields.h"
+#include "acquisition/parser.h"
+#include "packets.h"
+#include "station.h"
+#include "ui/setup_view.h"
+
+#include <QAbstractButton>
+#include <QCoreApplication>
+#include <QDir>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QScrollArea>
+#include <QTabWidget>
+#include <gtest/gtest.h>
+
+using uitest::Station;
+
+namespace {
+
+const QSize kScreens[] = {{1366, 768}, {1920, 1080}};
+
+QString shotsDir() {
+    const QString dir = QStringLiteral(GASCHART_BINARY_DIR "/ui-shots");
+    QDir().mkpath(dir);
+    return dir;
+}
+
+void settle() {
+    for (int i = 0; i < 5; ++i) QCoreApplication::processEvents();
+}
+
+// Controls whose words do not fit: narrower or lower than the least they
+// need. A label that wraps its words needs only its height.
+QStringList clipped(QWidget* top) {
+    QStringList out;
+    for (QWidget* w : top->findChildren<QWidget*>()) {
+        if (!w->isVisibleTo(top)) continue;
+        // A short entry shows whole; a long one (a path) may scroll.
+        if (auto* e = qobject_cast<QLineEdit*>(w)) {
+            const int need = e->fontMetrics().horizontalAdvance(e->text()) + 10;
+            if (e->text().size() <= 16 && e->width() < need)
+                out << QStringLiteral("%1 \"%2\" %3 < %4")
+                           .arg(e->objectName(), e->text(), QString::number(e->width()),
+                                QString::number(need));
+            continue;
+        }
+        auto* label = qobject_cast<QLabel*>(w);
+        if (!label && !qobject_cast<QAbstractButton*>(w) && !qobject_cast<QGroupBox*>(w)) continue;
+        const QSize need = w->minimumSizeHint();
+        const bool narrow = w->width() < need.width() && !(label && label->wordWrap());
+        if (narrow || w->height() < need.height())
+            out << QStringLiteral("%1 %2x%3 < %4x%5")
+                       .arg(w->objectName(), QString::number(w->width()),
+                            QString::number(w->height()), QString::number(need.width()),
+                            QString::number(need.height()));
+    }
+    return out;
+}
+
+std::string said(const QStringList& l) {
+    return l.join(QStringLiteral("; ")).toStdString();
+}
+
+// A page that scrolls sideways hides part of itself at that size.
+bool scrollsSideways(QWidget* top) {
+    for (auto* area : top->findChildren<QScrollArea*>())
+        if (area->isVisibleTo(top) && area->widget() &&
+            area->widget()->minimumSizeHint().width() > area->viewport()->width())
+            return true;
+    return false;
+}
+
+QString sizeName(QSize s) {
+    return QString::number(s.width()) + "x" + QString::number(s.height());
+}
+
+void shoot(QWidget* w, const QString& name) {
+    settle();
+    EXPECT_TRUE(w->grab().save(shotsDir() + "/" + name + ".png")) << name.toStdString();
+}
+
+} // namespace
+
+TEST(Screens, EveryScreenFitsItsWordsAtBothSizesAndIsSavedForALook) {
+    Station st;
+    ASSERT_TRUE(st.loaded);
+    // An hour of drilling through the parser, as the instrument sends it.
+    uitest::feedPackets(st.ws, 40);
+
+    for (const QSize screen : kScreens) {
+        const QString at = sizeName(screen);
+
+        st.main()->showNormal();
+        st.main()->resize(screen * 0.92);
+        settle();
+        EXPECT_EQ(said(clipped(st.main())), "") << "main " << at.toStdString();
+        shoot(st.main(), "fm_Gas_Chart_" + at);
+
+        for (const char* panel : {"more_data", "fm_help", "fm_WITS", "fm_secure"}) {
+            ui::PanelWindow* w = st.window(panel);
+            w->panel().form.setVisible(true);
+            w->resize(w->preferredSize(screen));
+            settle();
+            EXPECT_LE(w->minimumSizeHint().width(), screen.width()) << panel;
+            EXPECT_EQ(said(clipped(w)), "") << panel << " " << at.toStdString();
+            shoot(w, QString(panel) + "_" + at);
+            w->panel().form.setVisible(false);
+        }
+
+        auto* setup = static_cast<ui::SetupView*>(st.window("fm_setup"));
+        setup->panel().form.setVisible(true);
+        setup->resize(setup->preferredSize(screen));
+        QTabWidget* tabs = setup->tabs();
+        for (int i = 0; i < tabs->count(); ++i) {
+            tabs->setCurrentIndex(i);
+            settle();
+            const QString tab = tabs->tabText(i);
+            EXPECT_EQ(said(clipped(tabs->currentWidget())), "")
+                << tab.toStdString() << " " << at.toStdString();
+            EXPECT_FALSE(scrollsSideways(tabs->currentWidget()))
+                << tab.toStdString() << " " << at.toStdString();
+            shoot(setup, "fm_setup_" + QString::number(i) + "_" + tab + "_" + at);
+        }
+        setup->panel().form.setVisible(false);
+    }
+}
