@@ -140,7 +140,7 @@ bool Form_Load(Workstation& ws) {
     // 19. Lag zones and one lag pass.
     depth::CreateLagTable(ws);
     depth::ReadLagTable(ws);
-    depth::RecalculateLag(ws, 0, 0, 0);
+    depth::RecalculateLag(ws, 400, 0, 0);
     return true;
 }
 

@@ -115,7 +115,9 @@ void fm_setup_Load(Workstation& ws) {
     p.txt_al_time.setText(text::FormatDate(now, u"HH:MM:SS"));
     p.txt_al_date.setText(text::FormatDate(now, u"DD-MMM-YYYY"));
 
-    ApplyMetricWords(ws);
+    // The load words only the drill-off box; the viewer keeps its own short
+    // feet captions until the box is changed, unless the job runs metric.
+    ApplyMetricWords(ws, p.ck_metric.checked());
     ShowCurveColors(ws);
     p.txt_Zone1_text.setText(kZoneNote);
 
@@ -140,7 +142,7 @@ void lbl_color_Click(Workstation& ws, int gas) {
     (ws.fm_setup.*g.box).setForeColor(curve);
 }
 
-void ApplyMetricWords(Workstation& ws) {
+void ApplyMetricWords(Workstation& ws, bool viewerFrames) {
     static const struct {
         const char* label;
         const char* metric;
@@ -151,8 +153,9 @@ void ApplyMetricWords(Workstation& ws) {
         {"lbl_DrilRateMF", "ROP Minutes Per Meter", "ROP Minutes Per Foot"},
     };
     const bool metric = ws.fm_setup.ck_metric.checked();
-    for (const auto& w : words)
-        ws.more_data.frameOf(w.label).setCaption(metric ? w.metric : w.feet);
+    if (viewerFrames)
+        for (const auto& w : words)
+            ws.more_data.frameOf(w.label).setCaption(metric ? w.metric : w.feet);
     const QString unit = metric ? QStringLiteral("Number Of Meters With Less Than ROP Value")
                                 : QStringLiteral("Number Of Feet With Less Than ROP Value");
     const QString title = QStringLiteral("Drill Off / Drilling Break");
@@ -162,7 +165,7 @@ void ApplyMetricWords(Workstation& ws) {
 
 void ck_metric_Click(Workstation& ws) {
     if (StartingUp(ws)) return;
-    ApplyMetricWords(ws);
+    ApplyMetricWords(ws, true);
 }
 
 void ApplyDelimiter(Workstation& ws, int index) {

@@ -22,7 +22,7 @@ void lbl_color_Click(Workstation& ws, int gas);
 
 // Units words of the data viewer and the drill off alarm.
 void ck_metric_Click(Workstation& ws);
-void ApplyMetricWords(Workstation& ws);
+void ApplyMetricWords(Workstation& ws, bool viewerFrames);
 
 // Data separator of the file writers.
 void op_delim_Click(Workstation& ws, int index);
