@@ -38,7 +38,8 @@ if [ ! -f "$CONFIG" ]; then
     "[USE ETHERNET]" >"$CONFIG"
 fi
 
-# The simulator goes on drilling from the job's last depth.
+# The simulator goes on drilling from the job's last depth, and relays the
+# rig's WITS (bit depth, pump strokes, gamma) as the instrument does on a rig.
 DEPTH=4500
 if [ -f "$JOB" ] && command -v sqlite3 >/dev/null; then
   LAST=$(sqlite3 "$JOB" "SELECT CAST(ABS(DEPTH_RAW) AS INTEGER) FROM OMBRI_DB_010 ORDER BY PACKET_NUM DESC LIMIT 1" 2>/dev/null || true)
@@ -47,7 +48,7 @@ fi
 
 SIM_PID=""
 if [ -x "$BIN/kettlewick-sim" ]; then
-  "$BIN/kettlewick-sim" --tcp "$PORT" --interval 6 --start-depth "$DEPTH" &
+  "$BIN/kettlewick-sim" --tcp "$PORT" --interval 6 --start-depth "$DEPTH" --relay-wits &
   SIM_PID=$!
 fi
 cleanup() { [ -n "$SIM_PID" ] && kill "$SIM_PID" 2>/dev/null || true; }
