@@ -51,7 +51,9 @@ void Desktop::detach() {
 
 void Desktop::showMain() {
     if (!main_) return;
-    if (const QScreen* s = main_->screen()) main_->resize(s->availableGeometry().size() * 0.9);
+    // The whole screen: maximized where a window manager does that, and the
+    // same room where none does.
+    if (const QScreen* s = main_->screen()) main_->setGeometry(s->availableGeometry());
     main_->showMaximized();
 }
 
