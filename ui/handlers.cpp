@@ -6,6 +6,7 @@
 #include "acquisition/viewer.h"
 #include "acquisition/workstation.h"
 #include "config/setup_handlers.h"
+#include "depth/lag.h"
 #include "forms/panel.h"
 #include "store/lifecycle.h"
 
@@ -75,6 +76,11 @@ const Route kRoutes[] = {
     route(kSetup, "cmd_secure", On::Click, &acq::cmd_secure_Click),
     route(kLogin, "cmd_send_key", On::Click, &acq::cmd_send_key_Click),
     route(kLogin, "txt_pwe", On::Enter, &acq::cmd_send_key_Click),
+    // Lag, rate of penetration and stroke total maintenance.
+    route(kSetup, "cmd_recalc_lag", On::Click, &depth::cmd_recalc_lag_Click),
+    route(kSetup, "cmd_Clear_Lag", On::Click, &depth::cmd_Clear_Lag_Click),
+    route(kSetup, "cmd_get_all_ROP", On::Click, &depth::cmd_get_all_ROP_Click),
+    route(kSetup, "cmd_FixTotal_Strokes", On::Click, &depth::cmd_FixTotal_Strokes_Click),
     // The setup panel's own settings.
     route(kSetup, "ck_metric", On::Click, &config::ck_metric_Click),
     route(kSetup, "op_delim", On::Click, &config::op_delim_Click),
