@@ -10,6 +10,19 @@ Q_LOGGING_CATEGORY(lcLink, "gaschart.link")
 
 namespace acq {
 
+// Both links close with the same button state: red while the link is wanted,
+// grey when the operator forced it off.
+void ShowDisconnected(Workstation& ws) {
+    auto& button = ws.fm_Gas_Chart.cmd_comm1;
+    if (ws.rt.Glink_mode != 0) {
+        button.setBackColor(forms::color::Red);
+        button.setCaption(QStringLiteral("Kettlewick Disconnected"));
+    } else {
+        button.setBackColor(forms::color::Grey);
+        button.setCaption(QStringLiteral("Kettlewick Forced Off"));
+    }
+}
+
 void cmd_comm1_Click(Workstation& ws) {
     auto& rt = ws.rt;
     rt.Glink_mode += 1;

@@ -14,6 +14,9 @@ void Winsock_state(Workstation& ws);
 void Check_TCP_ip_port(Workstation& ws);
 void readlookupfile(Workstation& ws);
 
+// The link button after a close: disconnected, or forced off.
+void ShowDisconnected(Workstation& ws);
+
 void cmd_comm1_Click(Workstation& ws);
 void op_conn_using_serial_Click(Workstation& ws);
 void ck_Use_TCP_Click(Workstation& ws);

@@ -77,14 +77,7 @@ void SerialFindKettlewick(Workstation& ws) {
 }
 
 void Close_Serialport(Workstation& ws) {
-    auto& button = ws.fm_Gas_Chart.cmd_comm1;
-    if (ws.rt.Glink_mode != 0) {
-        button.setBackColor(forms::color::Red);
-        button.setCaption(QStringLiteral("Kettlewick Disconnected"));
-    } else {
-        button.setBackColor(forms::color::Grey);
-        button.setCaption(QStringLiteral("Kettlewick Forced Off"));
-    }
+    ShowDisconnected(ws);
     if (ws.MSComm1.PortOpen()) ws.MSComm1.SetPortOpen(false);
 }
 

@@ -18,17 +18,6 @@ namespace {
 constexpr int kTries = 5;
 const QString kDefaultAddress = QStringLiteral("192.168.1.1:23");
 
-void ShowDisconnected(Workstation& ws) {
-    auto& button = ws.fm_Gas_Chart.cmd_comm1;
-    if (ws.rt.Glink_mode != 0) {
-        button.setBackColor(forms::color::Red);
-        button.setCaption(QStringLiteral("Kettlewick Disconnected"));
-    } else {
-        button.setBackColor(forms::color::Grey);
-        button.setCaption(QStringLiteral("Kettlewick Forced Off"));
-    }
-}
-
 long UptimeColour(double uptime) {
     long c = forms::color::Red;
     if (uptime > 50) c = forms::color::Orange;
