@@ -3,11 +3,15 @@
 // small builders the acquisition tests share.
 
 #include "acquisition/parser.h"
+#include "acquisition/timers.h"
 #include "acquisition/workstation.h"
 #include "program_folder.h"
 #include "scripted_dialogs.h"
 
+#include <QCoreApplication>
+#include <QElapsedTimer>
 #include <QStringList>
+#include <functional>
 #include <gtest/gtest.h>
 #include <ostream>
 
@@ -41,6 +45,18 @@ class AcqTest : public ::testing::Test {
     }
     const QString& buffer() const { return ws.rt.Gline_buffer; }
     const QString& field(int i) const { return ws.rt.Gombri_data_array[i]; }
+    // Lets the links deliver and runs the intake tick until done() holds or
+    // five seconds pass.
+    bool intakeUntil(const std::function<bool()>& done) {
+        QElapsedTimer limit;
+        limit.start();
+        while (limit.elapsed() < 5000) {
+            QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+            acq::tmrDataArrival_Timer(ws);
+            if (done()) return true;
+        }
+        return false;
+    }
 };
 
 // A packet line of n fields: field i is "f<i>" unless given, "*" in front,

@@ -7,7 +7,6 @@
 #include "acquisition/timers.h"
 #include "acquisition/viewer.h"
 
-#include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QSerialPort>
 
@@ -51,16 +50,11 @@ TEST_F(LagDepthSerial, EachPacketIsAnsweredOnTheSerialLineWithoutKeepAlive) {
     instrument.write("*KW1,03/05/2024,14:00:00,1500\r\n");
     instrument.flush();
 
-    QElapsedTimer limit;
-    limit.start();
-    while (ws.rt.Gombri_data_array[0] != "KW1" && limit.elapsed() < 5000) {
-        QCoreApplication::processEvents();
-        acq::tmrDataArrival_Timer(ws);
-    }
-    ASSERT_EQ(ws.rt.Gombri_data_array[0], "KW1");
+    ASSERT_TRUE(intakeUntil([&] { return field(0) == "KW1"; }));
 
     QByteArray back;
-    limit.restart();
+    QElapsedTimer limit;
+    limit.start();
     while (!back.endsWith('\r') && limit.elapsed() < 5000)
         if (instrument.waitForReadyRead(100)) back += instrument.readAll();
     // One line: no keep-alive byte on the serial link.

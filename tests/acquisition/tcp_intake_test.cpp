@@ -38,16 +38,8 @@ class TcpIntake : public AcqTest {
     }
     void TearDown() override { ws.Winsock_ombri.Close(); }
 
-    // Runs the intake tick until the packet's serial number is in the array.
     bool tickUntilParsed(const QString& serial) {
-        QElapsedTimer limit;
-        limit.start();
-        while (limit.elapsed() < 5000) {
-            QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
-            acq::tmrDataArrival_Timer(ws);
-            if (ws.rt.Gombri_data_array[0] == serial) return true;
-        }
-        return false;
+        return intakeUntil([&] { return ws.rt.Gombri_data_array[0] == serial; });
     }
     // What the workstation sent back, once at least n bytes came.
     QByteArray readBack(int n) {
@@ -108,12 +100,8 @@ TEST_F(TcpIntake, APacketSplitOverTwoWritesIsTakenWhenItsCrComes) {
 TEST_F(TcpIntake, TcpConnectIsAnsweredWithStatusAndKeysGoOutAsTyped) {
     instrument->write("TCPCONNECT\r\n");
     instrument->flush();
-    QElapsedTimer limit;
-    limit.start();
-    while (!ws.more_data.text_window.text().contains("TCPCONNECT") && limit.elapsed() < 5000) {
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
-        acq::tmrDataArrival_Timer(ws);
-    }
+    EXPECT_TRUE(
+        intakeUntil([&] { return ws.more_data.text_window.text().contains("TCPCONNECT"); }));
     EXPECT_EQ(readBack(8), QByteArray("STATUS\r\n"));
     EXPECT_TRUE(ws.rt.Gline_buffer.isEmpty());
 
