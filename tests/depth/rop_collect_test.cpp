@@ -48,7 +48,6 @@ TEST_F(RopCollect, TheWholeTableFillsOneSlotPerClosedFoot) {
     EXPECT_EQ(depth::RopTimeToDate(a.RopTime[1000]), QDateTime(QDate(2026, 11, 1), QTime(6, 1, 0)));
     EXPECT_FALSE(ws.rt.Gdb_busy);
     EXPECT_FALSE(ws.fm_help.form.visible());
-    EXPECT_EQ(ws.fm_help.form.caption(), "Gathering ROP Data From Database");
     EXPECT_TRUE(ws.fm_help.txt_help.text().contains("Gathering ROP data..."));
 
     exec("UPDATE OMBRI_DB_010 SET GAS_UNITS = 'lots' WHERE PACKET_NUM = 1050");
