@@ -8,7 +8,6 @@
 
 #include <QTcpServer>
 #include <QTcpSocket>
-#include <QTemporaryDir>
 #include <gtest/gtest.h>
 
 using namespace linktest;
@@ -97,17 +96,12 @@ TEST(Commands, RowsKeepTheirLimitsWakeTheInstrumentAndAreLogged) {
 }
 
 TEST(Commands, BothOpenChannelsAreServed) {
-    QTemporaryDir dir;
-    PortPair pair(dir.path());
-    ASSERT_TRUE(pair.start());
     Station st;
     Listener far;
     far.attach(st.ws);
-    st.ws.ports.place(1, pair.workstationEnd());
-    st.ws.MSComm1.CommPort = 1;
-    ASSERT_EQ(st.ws.MSComm1.SetPortOpen(true), 0);
-    QSerialPort other(pair.instrumentEnd());
-    ASSERT_TRUE(other.open(QIODevice::ReadWrite));
+    SerialEnds serial;
+    ASSERT_TRUE(serial.open(st.ws, 1));
+    QSerialPort& other = serial.instrument;
 
     st.ws.fm_setup.txt_data[7].setText("2214");
     acq::cmd_KW_command_Click(st.ws, 7);
@@ -119,12 +113,8 @@ TEST(Commands, BothOpenChannelsAreServed) {
 
 TEST(Commands, ReadBackFillsTheBoxesFromTheInstrument) {
     Station st;
-    const quint16 port = FreePort();
-    Simulator sim(st.folder.file("sim.log"));
-    ASSERT_TRUE(sim.start({"--tcp", QString::number(port), "--interval", "6", "--start-depth",
-                           "5123.4", "--first-packet", "1"}));
-    st.useTcp(port);
-    st.startIntake();
+    ASSERT_TRUE(st.startTcpSimulator(
+        {"--interval", "6", "--start-depth", "5123.4", "--first-packet", "1"}));
     acq::winsock_connect(st.ws);
     ASSERT_EQ(st.ws.rt.Gsock_state, 7);
 
@@ -184,10 +174,8 @@ TEST(Commands, LoginBlockHasItsFormAndMasksNameAndPassword) {
 
 TEST(Commands, LoginOpensTwoWayAndTheTimerKeepsItOpen) {
     Station st;
-    const quint16 port = FreePort();
-    Simulator sim(st.folder.file("sim.log"));
-    ASSERT_TRUE(sim.start({"--tcp", QString::number(port), "--interval", "6", "--two-way-login",
-                           "--reply-gap", "50"}));
+    ASSERT_TRUE(st.startTcpSimulator({"--interval", "6", "--two-way-login", "--reply-gap", "50"}));
+    Simulator& sim = *st.sim;
     auto& secure = st.ws.fm_secure;
     auto& button = st.ws.fm_setup.cmd_secure;
 
@@ -206,8 +194,6 @@ TEST(Commands, LoginOpensTwoWayAndTheTimerKeepsItOpen) {
     EXPECT_EQ(st.dialogs.boxes[1].text, "The password must be at least 3 characters long");
     EXPECT_TRUE(secure.form.visible());
 
-    st.useTcp(port);
-    st.startIntake();
     acq::winsock_connect(st.ws);
     ASSERT_TRUE(PumpUntil(3000, [&] { return button.backColor() == forms::color::Red; }));
     EXPECT_EQ(button.caption(), "Two Way Inactive");
@@ -235,15 +221,10 @@ TEST(Commands, LoginOpensTwoWayAndTheTimerKeepsItOpen) {
 }
 
 TEST(Commands, OnASerialLinkTheLoginIsBuiltButNotSent) {
-    QTemporaryDir dir;
-    PortPair pair(dir.path());
-    ASSERT_TRUE(pair.start());
     Station st;
-    st.ws.ports.place(1, pair.workstationEnd());
-    st.ws.MSComm1.CommPort = 1;
-    ASSERT_EQ(st.ws.MSComm1.SetPortOpen(true), 0);
-    QSerialPort other(pair.instrumentEnd());
-    ASSERT_TRUE(other.open(QIODevice::ReadWrite));
+    SerialEnds serial;
+    ASSERT_TRUE(serial.open(st.ws, 1));
+    QSerialPort& other = serial.instrument;
     st.ws.fm_secure.txt_username.setText("driller");
     st.ws.fm_secure.txt_pwe.setText("secret");
     st.ws.rt.Gkey_block.fill(0);

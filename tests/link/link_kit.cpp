@@ -125,6 +125,29 @@ void Station::useTcp(quint16 port) {
     ws.rt.Gtcp_port = QString::number(port);
 }
 
+bool Station::startTcpSimulator(const QStringList& args) {
+    const quint16 port = FreePort();
+    sim = std::make_unique<Simulator>(folder.file("sim.log"));
+    if (!sim->start(QStringList{"--tcp", QString::number(port)} + args)) return false;
+    useTcp(port);
+    startIntake();
+    return true;
+}
+
+bool Station::stopSimulatorAndDrain() {
+    sim->stop();
+    return PumpUntil(3000, [&] { return drained() && ws.rt.Gsock_state != 7; });
+}
+
+bool SerialEnds::open(Workstation& ws, int n) {
+    if (!pair.start()) return false;
+    ws.ports.place(n, pair.workstationEnd());
+    ws.MSComm1.CommPort = n;
+    if (ws.MSComm1.SetPortOpen(true) != 0) return false;
+    instrument.setPortName(pair.instrumentEnd());
+    return instrument.open(QIODevice::ReadWrite);
+}
+
 bool Station::superviseUntilAttempt() {
     for (int i = 0; i < 70; ++i) {
         const bool last = ws.rt.Glink_countdown <= 1;

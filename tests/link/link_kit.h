@@ -9,8 +9,10 @@
 #include "scripted_dialogs.h"
 
 #include <QProcess>
+#include <QSerialPort>
 #include <QString>
 #include <QTemporaryDir>
+#include <memory>
 #include <set>
 #include <vector>
 
@@ -55,6 +57,15 @@ class PortPair {
     QProcess proc_;
 };
 
+// A socat pair whose workstation end is opened as the workstation's port n
+// and whose instrument end the test holds as `instrument`.
+struct SerialEnds {
+    QTemporaryDir dir;
+    PortPair pair{dir.path()};
+    QSerialPort instrument;
+    bool open(Workstation& ws, int n);
+};
+
 struct Station {
     Station();
     ~Station();
@@ -64,11 +75,18 @@ struct Station {
     QString job;
     // Every packet number the parser took, in order.
     std::vector<long> parsed;
+    std::unique_ptr<Simulator> sim;
 
     // The intake and the delay counter run as in the program; the
     // supervision tick is the test's to call.
     void startIntake();
     void useTcp(quint16 port);
+    // The simulator on a free port with args behind "--tcp <port>", the
+    // workstation pointed at it and its intake running (not yet connected).
+    bool startTcpSimulator(const QStringList& args);
+    // Stops the simulator and lets the workstation take what is on its way
+    // until the link is down.
+    bool stopSimulatorAndDrain();
     // Calls the supervision tick until the countdown has run out and a
     // link attempt has been made; false if none came within 70 ticks.
     bool superviseUntilAttempt();

@@ -25,11 +25,8 @@ int CountLag(const Simulator& sim, const char* verdict) {
 
 TEST(TcpLink, PacketsArriveAreAnsweredAndStored) {
     Station st;
-    const quint16 port = FreePort();
-    Simulator sim(st.folder.file("sim.log"));
-    ASSERT_TRUE(sim.start({"--tcp", Arg(port), "--interval", "0.3", "--first-packet", "1"}));
-    st.useTcp(port);
-    st.startIntake();
+    ASSERT_TRUE(st.startTcpSimulator({"--interval", "0.3", "--first-packet", "1"}));
+    Simulator& sim = *st.sim;
 
     acq::winsock_connect(st.ws);
     EXPECT_TRUE(st.ws.rt.Gdetector_found);
@@ -41,8 +38,7 @@ TEST(TcpLink, PacketsArriveAreAnsweredAndStored) {
     EXPECT_EQ(sim.count("COMMAND STATUS"), 1);
     EXPECT_EQ(st.ws.fm_setup.cmd_secure.caption(), "Two Way Inactive");
 
-    sim.stop();
-    ASSERT_TRUE(PumpUntil(3000, [&] { return st.drained() && st.ws.rt.Gsock_state != 7; }));
+    ASSERT_TRUE(st.stopSimulatorAndDrain());
     const std::set<long> sent = sim.sent();
     ASSERT_GE(sent.size(), 12u);
     const std::set<long> parsed = st.parsedSet();
@@ -70,11 +66,8 @@ TEST(TcpLink, PacketsArriveAreAnsweredAndStored) {
 TEST(TcpLink, WithoutKeepAliveOnlyTheLagDepthGoesBack) {
     Station st;
     st.ws.fm_setup.ck_Mainlog_NoKeepalive.setChecked(true);
-    const quint16 port = FreePort();
-    Simulator sim(st.folder.file("sim.log"));
-    ASSERT_TRUE(sim.start({"--tcp", Arg(port), "--interval", "0.3", "--first-packet", "1"}));
-    st.useTcp(port);
-    st.startIntake();
+    ASSERT_TRUE(st.startTcpSimulator({"--interval", "0.3", "--first-packet", "1"}));
+    Simulator& sim = *st.sim;
     acq::winsock_connect(st.ws);
     Pump(1000);
     sim.stop();
@@ -121,17 +114,13 @@ TEST(TcpLink, RefusedAndSilentHostsCountDownAndTheNextConnectionStores) {
 
 TEST(TcpLink, GarbageBetweenPacketsLosesNoGoodPacket) {
     Station st;
-    const quint16 port = FreePort();
-    Simulator sim(st.folder.file("sim.log"));
-    ASSERT_TRUE(sim.start({"--tcp", Arg(port), "--interval", "0.3", "--first-packet", "1000",
-                           "--garbage", "--seed", "5"}));
-    st.useTcp(port);
-    st.startIntake();
+    ASSERT_TRUE(st.startTcpSimulator(
+        {"--interval", "0.3", "--first-packet", "1000", "--garbage", "--seed", "5"}));
+    Simulator& sim = *st.sim;
     acq::winsock_connect(st.ws);
     ASSERT_TRUE(PumpUntil(20000, [&] { return sim.count("GARBAGE ") >= 6; }));
     Pump(700);
-    sim.stop();
-    ASSERT_TRUE(PumpUntil(3000, [&] { return st.drained() && st.ws.rt.Gsock_state != 7; }));
+    ASSERT_TRUE(st.stopSimulatorAndDrain());
 
     const std::set<long> sent = sim.sent();
     const std::set<long> parsed = st.parsedSet();
