@@ -134,8 +134,18 @@ bool Station::startTcpSimulator(const QStringList& args) {
     return true;
 }
 
+bool Station::startSerialSimulator(PortPair& pair, int n, const QStringList& args) {
+    if (!pair.start()) return false;
+    sim = std::make_unique<Simulator>(folder.file("sim.log"));
+    if (!sim->start(QStringList{"--serial", pair.instrumentEnd()} + args)) return false;
+    ws.ports.place(n, pair.workstationEnd());
+    startIntake();
+    return true;
+}
+
 bool Station::stopSimulatorAndDrain() {
     sim->stop();
+    Pump(300); // socat's hop on a serial link
     return PumpUntil(3000, [&] { return drained() && ws.rt.Gsock_state != 7; });
 }
 

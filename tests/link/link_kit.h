@@ -84,6 +84,8 @@ struct Station {
     // The simulator on a free port with args behind "--tcp <port>", the
     // workstation pointed at it and its intake running (not yet connected).
     bool startTcpSimulator(const QStringList& args);
+    // The same on a started pair, whose workstation end becomes port n.
+    bool startSerialSimulator(PortPair& pair, int n, const QStringList& args);
     // Stops the simulator and lets the workstation take what is on its way
     // until the link is down.
     bool stopSimulatorAndDrain();

@@ -25,13 +25,9 @@ void ExpectFound(Station& st, int port) {
 TEST(SerialLink, ScanFindsTheInstrumentOnPortTwentyAndPacketsArrive) {
     QTemporaryDir dir;
     PortPair pair(dir.path());
-    ASSERT_TRUE(pair.start()) << "socat did not give a port pair";
     Station st;
-    Simulator sim(st.folder.file("sim.log"));
-    ASSERT_TRUE(
-        sim.start({"--serial", pair.instrumentEnd(), "--interval", "0.3", "--first-packet", "1"}));
-    st.ws.ports.place(20, pair.workstationEnd());
-    st.startIntake();
+    ASSERT_TRUE(st.startSerialSimulator(pair, 20, {"--interval", "0.3", "--first-packet", "1"}));
+    Simulator& sim = *st.sim;
 
     acq::SerialFindKettlewick(st.ws);
     ExpectFound(st, 20);
@@ -41,9 +37,7 @@ TEST(SerialLink, ScanFindsTheInstrumentOnPortTwentyAndPacketsArrive) {
     ASSERT_TRUE(PumpUntil(2000, [&] { return sim.count("COMMAND ECHO OFF") == 1; }));
 
     Pump(2000);
-    sim.stop();
-    Pump(300); // socat's hop
-    ASSERT_TRUE(PumpUntil(3000, [&] { return st.drained(); }));
+    ASSERT_TRUE(st.stopSimulatorAndDrain());
     const std::set<long> sent = sim.sent();
     ASSERT_GE(sent.size(), 5u);
     const std::set<long> parsed = st.parsedSet();
@@ -68,13 +62,10 @@ TEST(SerialLink, ScanFindsTheInstrumentOnPortTwentyAndPacketsArrive) {
 TEST(SerialLink, SuppressedEchoBoxSendsNoEchoOff) {
     QTemporaryDir dir;
     PortPair pair(dir.path());
-    ASSERT_TRUE(pair.start());
     Station st;
-    Simulator sim(st.folder.file("sim.log"));
-    ASSERT_TRUE(sim.start({"--serial", pair.instrumentEnd(), "--interval", "6"}));
-    st.ws.ports.place(4, pair.workstationEnd());
     st.ws.fm_setup.ck_supp_echo.setChecked(true);
-    st.startIntake();
+    ASSERT_TRUE(st.startSerialSimulator(pair, 4, {"--interval", "6"}));
+    Simulator& sim = *st.sim;
     acq::SerialFindKettlewick(st.ws);
     ExpectFound(st, 4);
     Pump(500);
@@ -84,13 +75,9 @@ TEST(SerialLink, SuppressedEchoBoxSendsNoEchoOff) {
 TEST(SerialLink, AVanishedPortIsRescannedAndFoundAgain) {
     QTemporaryDir dir;
     auto pair = std::make_unique<PortPair>(dir.path());
-    ASSERT_TRUE(pair->start());
     Station st;
-    Simulator sim(st.folder.file("sim.log"));
-    ASSERT_TRUE(
-        sim.start({"--serial", pair->instrumentEnd(), "--interval", "0.3", "--first-packet", "1"}));
-    st.ws.ports.place(9, pair->workstationEnd());
-    st.startIntake();
+    ASSERT_TRUE(st.startSerialSimulator(*pair, 9, {"--interval", "0.3", "--first-packet", "1"}));
+    Simulator& sim = *st.sim;
     acq::SerialFindKettlewick(st.ws);
     ExpectFound(st, 9);
     Pump(1000);
@@ -119,9 +106,7 @@ TEST(SerialLink, AVanishedPortIsRescannedAndFoundAgain) {
     ASSERT_TRUE(st.superviseUntilAttempt());
     ExpectFound(st, 9);
     Pump(2000);
-    sim.stop();
-    Pump(300); // socat's hop
-    ASSERT_TRUE(PumpUntil(3000, [&] { return st.drained(); }));
+    ASSERT_TRUE(st.stopSimulatorAndDrain());
     const std::set<long> sent = sim.sent();
     ASSERT_GT(sent.size(), before + 3);
     EXPECT_TRUE(st.stored().count(*sent.rbegin()));

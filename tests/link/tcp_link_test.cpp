@@ -10,10 +10,6 @@ using namespace linktest;
 
 namespace {
 
-QString Arg(long v) {
-    return QString::number(v);
-}
-
 // "LAGDEPTH x c OK" lines as the simulator logged them.
 int CountLag(const Simulator& sim, const char* verdict) {
     int n = 0;
@@ -100,7 +96,8 @@ TEST(TcpLink, RefusedAndSilentHostsCountDownAndTheNextConnectionStores) {
     // The instrument comes up: the countdown brings the next try, which
     // holds, and its packets are stored.
     Simulator sim(st.folder.file("sim.log"));
-    ASSERT_TRUE(sim.start({"--tcp", Arg(port), "--interval", "0.3", "--first-packet", "1"}));
+    ASSERT_TRUE(
+        sim.start({"--tcp", QString::number(port), "--interval", "0.3", "--first-packet", "1"}));
     st.ws.rt.Gtcp_host = QStringLiteral("127.0.0.1");
     st.ws.rt.Glink_countdown = 3;
     ASSERT_TRUE(st.superviseUntilAttempt());
