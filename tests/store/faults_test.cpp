@@ -17,9 +17,7 @@ using namespace store;
 namespace {
 
 void Open(Station& s) {
-    QString path;
-    bool verify = true;
-    OpenSharedDb(s.ws, path, verify);
+    storetest::OpenJob(s);
     EXPECT_FALSE(s.ws.rt.Gdb_busy);
 }
 

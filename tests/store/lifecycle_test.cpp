@@ -19,10 +19,7 @@ using namespace store;
 namespace {
 
 void Open(Station& s) {
-    QString path;
-    bool verify = true;
-    OpenSharedDb(s.ws, path, verify);
-    EXPECT_FALSE(verify);
+    EXPECT_FALSE(storetest::OpenJob(s));
     EXPECT_FALSE(s.ws.rt.Gdb_busy);
 }
 

@@ -5,6 +5,7 @@
 #include "acquisition/workstation.h"
 #include "program_folder.h"
 #include "scripted_dialogs.h"
+#include "store/lifecycle.h"
 #include "store_fixture.h"
 
 #include <QDir>
@@ -57,5 +58,14 @@ struct Station {
             QString("SELECT %1 FROM OMBRI_DB_010 WHERE PACKET_NUM = %2").arg(col).arg(n));
     }
 };
+
+// Opens the station's job as the start-up does (verify, path from
+// txt_db_path) and gives back whether the verify flag was left raised.
+inline bool OpenJob(Station& s) {
+    QString path;
+    bool verify = true;
+    store::OpenSharedDb(s.ws, path, verify);
+    return verify;
+}
 
 } // namespace storetest

@@ -1,8 +1,7 @@
-// The screen suites need the widget application object, on the offscreen
-// platform unless a display is asked for, and a private runtime folder.
+// The screen suites need the widget application object.
+#include "test_env.h"
+
 #include <QApplication>
-#include <QDir>
-#include <QFile>
 #include <QtGlobal>
 #include <gtest/gtest.h>
 
@@ -18,14 +17,7 @@ void quietPlatform(QtMsgType type, const QMessageLogContext& ctx, const QString&
 
 int main(int argc, char** argv) {
     platformDefault = qInstallMessageHandler(quietPlatform);
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-    if (qEnvironmentVariableIsEmpty("XDG_RUNTIME_DIR")) {
-        const QString dir = QDir::tempPath() + "/gaschart-test-runtime";
-        QDir().mkpath(dir);
-        QFile::setPermissions(dir, QFileDevice::ReadOwner | QFileDevice::WriteOwner |
-                                       QFileDevice::ExeOwner);
-        qputenv("XDG_RUNTIME_DIR", dir.toLocal8Bit());
-    }
+    testkit::PrepareTestEnvironment();
     QApplication app(argc, argv);
     ::testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();
