@@ -201,6 +201,33 @@ struct Recordset::Impl {
 
     mutable QString rangeSql;
     mutable QString listSql;
+    // The text of the last INSERT and UPDATE and the columns they set: a pass
+    // that sets the same two fields of a million rows builds its statement
+    // once, not once per row.
+    std::vector<int> insertCols, updateCols;
+    QString insertSql, updateSql;
+
+    // The statement text for writing the buffered columns, rebuilt only
+    // when another set of columns is written than the last time.
+    const QString& writeSql(EditMode m, const std::vector<int>& set) {
+        std::vector<int>& last = m == EditMode::Add ? insertCols : updateCols;
+        QString& sql = m == EditMode::Add ? insertSql : updateSql;
+        if (!sql.isEmpty() && last == set) return sql;
+        QString names, values, sets;
+        for (size_t i = 0; i < set.size(); ++i) {
+            const QString q = Quote(cols[set[i]].name);
+            names += (i ? "," : "") + q;
+            values += i ? ",?" : "?";
+            sets += (i ? "," : "") + q + "=?";
+        }
+        if (m == EditMode::Add)
+            sql = set.empty() ? "INSERT INTO " + table + " DEFAULT VALUES"
+                              : "INSERT INTO " + table + " (" + names + ") VALUES (" + values + ")";
+        else
+            sql = "UPDATE " + table + " SET " + sets + " WHERE rowid=?";
+        last = set;
+        return sql;
+    }
 
     int n() const { return static_cast<int>(keys.size()); }
     bool bof() const { return keys.empty() || pos < 0; }
@@ -665,38 +692,27 @@ void Recordset::Update() {
     Connection& c = d.c();
     if (d.mode == EditMode::None)
         Fail(err::UpdateWithoutEdit, "Update or CancelUpdate without AddNew or Edit");
-    QString names, values, sets;
-    std::vector<const Variant*> bound;
-    for (size_t i = 0; i < d.cols.size(); ++i) {
-        if (!d.buffer[i]) continue;
-        const QString q = Quote(d.cols[i].name);
-        names += (bound.empty() ? "" : ",") + q;
-        values += bound.empty() ? "?" : ",?";
-        sets += (bound.empty() ? "" : ",") + q + "=?";
-        bound.push_back(&*d.buffer[i]);
-    }
+    std::vector<int> set;
+    for (size_t i = 0; i < d.cols.size(); ++i)
+        if (d.buffer[i]) set.push_back(static_cast<int>(i));
     c.ensureWal();
     const int64_t before = c.totalChanges();
     if (d.mode == EditMode::Add) {
-        const QString sql =
-            bound.empty() ? "INSERT INTO " + d.table + " DEFAULT VALUES"
-                          : "INSERT INTO " + d.table + " (" + names + ") VALUES (" + values + ")";
-        StatementUse q(c, sql);
-        for (size_t i = 0; i < bound.size(); ++i) Bind(q.get(), static_cast<int>(i + 1), *bound[i]);
+        StatementUse q(c, d.writeSql(EditMode::Add, set));
+        for (size_t i = 0; i < set.size(); ++i)
+            Bind(q.get(), static_cast<int>(i + 1), *d.buffer[set[i]]);
         q.step();
         // A row added is not in the keyset: the cached rows stay as they are.
         for (Block& b : d.blocks)
             if (b.valid && b.changes == before) b.changes = c.totalChanges();
-    } else {
-        if (!bound.empty()) {
-            d.requireCurrent();
-            StatementUse q(c, "UPDATE " + d.table + " SET " + sets + " WHERE rowid=?");
-            for (size_t i = 0; i < bound.size(); ++i)
-                Bind(q.get(), static_cast<int>(i + 1), *bound[i]);
-            sqlite3_bind_int64(q.get(), static_cast<int>(bound.size() + 1), d.keys[d.pos]);
-            q.step();
-            d.patchCache(before);
-        }
+    } else if (!set.empty()) {
+        d.requireCurrent();
+        StatementUse q(c, d.writeSql(EditMode::Edit, set));
+        for (size_t i = 0; i < set.size(); ++i)
+            Bind(q.get(), static_cast<int>(i + 1), *d.buffer[set[i]]);
+        sqlite3_bind_int64(q.get(), static_cast<int>(set.size() + 1), d.keys[d.pos]);
+        q.step();
+        d.patchCache(before);
     }
     d.cancelEdit();
 }
