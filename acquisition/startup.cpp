@@ -144,20 +144,38 @@ bool Form_Load(Workstation& ws) {
     return true;
 }
 
-bool Form_Unload(Workstation& ws) {
+namespace {
+
+void SaveSettings(Workstation& ws) {
     ws.rt.Grefresh_count = ws.rt.Grefresh_seconds;
     config::WriteConfigFile(ws);
     depth::WriteLagTable(ws);
-    if (ws.dialogs().MsgBox("Are you sure you want to exit?", platform::Buttons::YesNo,
-                            "EXIT PROGRAM?", platform::Icon::Question) != platform::Answer::Yes)
-        return false;
+}
+
+void CloseEverything(Workstation& ws) {
     ws.closing = true;
     ws.StopTimers();
     close_winsock(ws);
     Close_Serialport(ws);
     store::CloseSharedDb(ws);
     UnloadAllForms(ws, "fm_Gas_Chart");
+}
+
+} // namespace
+
+bool Form_Unload(Workstation& ws) {
+    SaveSettings(ws);
+    if (ws.dialogs().MsgBox("Are you sure you want to exit?", platform::Buttons::YesNo,
+                            "EXIT PROGRAM?", platform::Icon::Question) != platform::Answer::Yes)
+        return false;
+    CloseEverything(ws);
     return true;
+}
+
+void StopWithoutQuestion(Workstation& ws) {
+    if (ws.closing) return;
+    SaveSettings(ws);
+    CloseEverything(ws);
 }
 
 } // namespace acq

@@ -20,4 +20,8 @@ bool Form_Load(Workstation& ws);
 // everything is closed; false when the program goes on.
 bool Form_Unload(Workstation& ws);
 
+// The end the system asks for (shut-down, a closed terminal): no question;
+// settings and zones are saved and everything closed as after Yes.
+void StopWithoutQuestion(Workstation& ws);
+
 } // namespace acq

@@ -1,14 +1,31 @@
 // The workstation program: build the workstation over the program folder,
 // run the start-up, show the main screen, and hand over to the event loop.
+//
+//   gaschart [--pictures FOLDER]
+//
+// --pictures saves a picture of every screen, and the words on them, into
+// FOLDER every two seconds, for someone helping from afar.
 #include "acquisition/startup.h"
 #include "acquisition/workstation.h"
+#include "platform/stop_signals.h"
 #include "ui/desktop.h"
+#include "ui/pictures.h"
 
 #include <QApplication>
+#include <QCommandLineParser>
+#include <memory>
 
 int main(int argc, char** argv) {
     QApplication app(argc, argv);
     app.setApplicationName("gaschart");
+    QCommandLineParser args;
+    args.setApplicationDescription("Mud-gas logging workstation");
+    args.addHelpOption();
+    const QCommandLineOption pictures(
+        "pictures", "Save pictures of every screen into <folder> every two seconds.", "folder");
+    args.addOption(pictures);
+    args.process(app);
+
     ui::Desktop desktop;
     Workstation ws(QCoreApplication::applicationDirPath(), &desktop.dialogs());
     // The views go before the workstation does, however main() is left.
@@ -19,6 +36,15 @@ int main(int argc, char** argv) {
     // Built before the start-up, so the information box can show its work.
     desktop.attach(ws);
     if (!acq::Form_Load(ws)) return 1;
+    // A stop from the system closes the job file as an exit does.
+    platform::StopSignals stop([&](int) {
+        acq::StopWithoutQuestion(ws);
+        // Straight out of the loop: the windows are not asked to close again.
+        QCoreApplication::exit(0);
+    });
+    std::unique_ptr<ui::ScreenPictures> shots;
+    if (args.isSet(pictures))
+        shots = std::make_unique<ui::ScreenPictures>(desktop, args.value(pictures));
     desktop.showMain();
     return app.exec();
 }

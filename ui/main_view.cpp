@@ -139,6 +139,11 @@ QWidget* MainView::buildControlBox() {
 }
 
 void MainView::closeEvent(QCloseEvent* e) {
+    // Already closed down (the system asked the program to stop).
+    if (ws_.closing) {
+        e->accept();
+        return;
+    }
     bool leave = false;
     try {
         leave = acq::Form_Unload(ws_);

@@ -38,7 +38,9 @@ QLabel* valueLabel(Workstation& ws, forms::MoreData& md, forms::Control& c, QWid
     f.setPointSizeF(f.pointSizeF() * 1.3);
     f.setBold(true);
     l->setFont(f);
-    l->setMinimumWidth(l->fontMetrics().horizontalAdvance(QStringLiteral("00000.00")));
+    // Room for the widest reading (the date) from the start, so the columns
+    // do not shift as the readings change.
+    l->setMinimumWidth(l->fontMetrics().horizontalAdvance(QStringLiteral("00/00/0000")) + 4);
     return l;
 }
 

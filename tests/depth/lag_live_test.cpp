@@ -4,56 +4,31 @@
 // the pass works in batches.
 #include "job_fixture.h"
 
-#include <QCoreApplication>
+#include "simulator.h"
+
 #include <QElapsedTimer>
-#include <QFile>
-#include <QProcess>
-#include <QTcpServer>
 #include <set>
 
 using depthtest::JobTest;
 using depthtest::RowAt;
+using testkit::FreePort;
+using testkit::Pump;
 
 namespace {
 
 constexpr long kFirstSimPacket = 500000;
 
-void Pump(int ms) {
-    QElapsedTimer t;
-    t.start();
-    while (t.elapsed() < ms) QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
-}
-
-quint16 FreePort() {
-    QTcpServer probe;
-    probe.listen(QHostAddress::LocalHost, 0);
-    return probe.serverPort();
-}
-
 } // namespace
 
 class LiveDuringPass : public JobTest {
   protected:
-    QProcess sim;
-    QString simLog = folder.file("sim.log");
+    testkit::Simulator sim{folder.file("sim.log")};
 
     void TearDown() override {
         ws.Winsock_ombri.Close();
-        if (sim.state() != QProcess::NotRunning) {
-            sim.terminate();
-            sim.waitForFinished(5000);
-        }
+        sim.stop();
     }
 
-    // Packet numbers the simulator put on the wire.
-    std::set<long> sent() const {
-        std::set<long> out;
-        QFile f(simLog);
-        if (!f.open(QIODevice::ReadOnly)) return out;
-        for (const QByteArray& line : f.readAll().split('\n'))
-            if (line.startsWith("PACKET ")) out.insert(line.mid(7).trimmed().toLong());
-        return out;
-    }
     // Packet numbers stored from the simulator.
     std::set<long> stored() const {
         std::set<long> out;
@@ -72,12 +47,9 @@ TEST_F(LiveDuringPass, EveryPacketSentDuringAWholeFilePassIsStored) {
     bulk(rows);
 
     const quint16 port = FreePort();
-    sim.start(QStringLiteral(GASCHART_BINARY_DIR "/kettlewick-sim"),
-              {"--tcp", QString::number(port), "--interval", "0.3", "--first-packet",
-               QString::number(kFirstSimPacket), "--start", "2027-01-10 00:00:00", "--log",
-               simLog});
-    ASSERT_TRUE(sim.waitForStarted(5000));
-    ASSERT_TRUE(sim.waitForReadyRead(10000)) << "the simulator never said it was ready";
+    ASSERT_TRUE(sim.start({"--tcp", QString::number(port), "--interval", "0.3", "--first-packet",
+                           QString::number(kFirstSimPacket), "--start", "2027-01-10 00:00:00"}))
+        << "the simulator never said it was ready";
 
     ws.Winsock_ombri.RemoteHost = "127.0.0.1";
     ws.Winsock_ombri.RemotePort = port;
@@ -110,7 +82,7 @@ TEST_F(LiveDuringPass, EveryPacketSentDuringAWholeFilePassIsStored) {
     // Every packet the instrument had sent by a second after the pass is
     // stored once the intake has caught up (it parses one packet a tick).
     Pump(1000);
-    const std::set<long> out = sent();
+    const std::set<long> out = sim.sent();
     ASSERT_GE(out.size(), 5u);
     auto missing = [&] {
         const std::set<long> in = stored();

@@ -7,6 +7,7 @@
 #include "acquisition/workstation.h"
 #include "program_folder.h"
 #include "scripted_dialogs.h"
+#include "simulator.h"
 
 #include <QProcess>
 #include <QSerialPort>
@@ -18,29 +19,11 @@
 
 namespace linktest {
 
-quint16 FreePort();
-// Let the loop run for ms milliseconds (the timers that were started fire).
-void Pump(int ms);
-// Let the loop run until done() or ms have passed; the result of done().
-bool PumpUntil(int ms, const std::function<bool()>& done);
-
-class Simulator {
-  public:
-    explicit Simulator(QString logPath) : log_(std::move(logPath)) {}
-    ~Simulator() { stop(); }
-    bool start(const QStringList& args);
-    // A polite stop: what was written still reaches the other end.
-    void stop();
-    // Lines of the simulator's log that start with the word.
-    QStringList lines(const QString& word) const;
-    int count(const QString& word) const { return static_cast<int>(lines(word).size()); }
-    // Packet numbers the simulator put on the wire whole.
-    std::set<long> sent() const;
-
-  private:
-    QString log_;
-    QProcess proc_;
-};
+using testkit::FreePort;
+using testkit::Pump;
+using testkit::PumpUntil;
+using testkit::SimPath;
+using testkit::Simulator;
 
 class PortPair {
   public:
@@ -101,7 +84,5 @@ struct Station {
   private:
     QString lastPacket_;
 };
-
-QString SimPath();
 
 } // namespace linktest
