@@ -95,8 +95,11 @@ MoreDataView::MoreDataView(Workstation& ws, QWidget* owner) : PanelWindow(ws.mor
     terminal->setMinimumHeight(terminal->fontMetrics().lineSpacing() * 10);
     live->addWidget(terminal, 3);
     auto* wits = makeBound(ws, md, md.wits_info, this);
-    wits->setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("M")) * 24);
-    live->addWidget(wits, 1);
+    // Room for an item's number, a long name and its value.
+    wits->setMinimumWidth(
+        fontMetrics().horizontalAdvance(QStringLiteral("0000  Pump Stroke Count (cum)  123456.7")) +
+        24);
+    live->addWidget(wits, 2);
     page->addLayout(live, 1);
 
     auto* foot = new QHBoxLayout;

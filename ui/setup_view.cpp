@@ -19,6 +19,23 @@ namespace ui {
 
 namespace {
 
+// Read-outs whose control shows a bare number: the words a mud logger reads
+// them by.
+const struct {
+    const char* name;
+    const char* words;
+} kReadOutWords[] = {
+    {"lbl_Lag_Depth", "Lag Depth (ft)"},
+    {"lbl_BU_STROKES", "Bottoms Up Strokes"},
+    {"lbl_BU_MIN", "Bottoms Up Minutes"},
+};
+
+const char* readOutWords(const forms::Control& c) {
+    for (const auto& r : kReadOutWords)
+        if (c.name() == QLatin1String(r.name)) return r.words;
+    return nullptr;
+}
+
 bool isTabControl(const forms::Control& c) {
     return c.name() == QLatin1String("SSTab1") || c.name() == QLatin1String("tab_setup");
 }
@@ -69,6 +86,16 @@ void buildTabbedFrame(Workstation& ws, forms::FmSetup& setup, forms::Control& ta
         if (static_cast<int>(elements[a].size()) != pages)
             rest.insert(rest.end(), elements[a].begin(), elements[a].end());
     column->addWidget(tabs);
+    auto* readOuts = new QFormLayout;
+    column->addLayout(readOuts);
+    std::vector<forms::Control*> others;
+    for (forms::Control* c : rest) {
+        if (const char* words = readOutWords(*c))
+            readOuts->addRow(new QLabel(QString::fromLatin1(words)), makeBound(ws, setup, *c, box));
+        else
+            others.push_back(c);
+    }
+    rest = others;
     auto* grid = new QGridLayout;
     column->addLayout(grid);
     // The grid's widgets need the frame as parent before they are made.
