@@ -3,6 +3,7 @@
 #include "text/numbers.h"
 
 #include <QTextStream>
+#include <algorithm>
 
 namespace sim {
 
@@ -31,9 +32,19 @@ Instrument::Instrument(const Settings& s, Channel& channel)
         pending_.clear();
         replies_.clear();
         note(QStringLiteral("CONNECT"));
+        // A new listener hears the next sample within a second, as the
+        // instrument's network side sends what it holds; the regular rhythm
+        // goes on from there.
+        packetTimer_.stop();
+        greetTimer_.start(std::min(1000, packetTimer_.interval()));
     };
     ch_.onNote = [this](const QString& t) { note(t); };
     QObject::connect(&packetTimer_, &QTimer::timeout, [this] { sendPacket(); });
+    greetTimer_.setSingleShot(true);
+    QObject::connect(&greetTimer_, &QTimer::timeout, [this] {
+        sendPacket();
+        packetTimer_.start();
+    });
     replyTimer_.setSingleShot(true);
     QObject::connect(&replyTimer_, &QTimer::timeout, [this] { sendNextReply(); });
 }

@@ -45,6 +45,7 @@ class Instrument {
     Channel& ch_;
     drill::Model model_;
     QTimer packetTimer_;
+    QTimer greetTimer_;
     QTimer replyTimer_;
     QStringList replies_;
     QFile log_;
