@@ -2,26 +2,17 @@
 // re-indexed on open, converted from the older generation, compacted, and
 // the three job buttons.
 #include "station.h"
-#include "store/lifecycle.h"
-#include "store/record_writer.h"
 
 #include <QCryptographicHash>
 #include <gtest/gtest.h>
 
-#include <numeric>
-#include <random>
-
 using storetest::InsertPackets;
+using storetest::Packets;
 using storetest::RawDb;
 using storetest::Station;
 using namespace store;
 
 namespace {
-
-void Open(Station& s) {
-    EXPECT_FALSE(storetest::OpenJob(s));
-    EXPECT_FALSE(s.ws.rt.Gdb_busy);
-}
 
 QByteArray Digest(const QString& path) {
     QFile f(path);
@@ -56,7 +47,7 @@ TEST(Lifecycle, AMissingDemonstrationJobIsCopiedOrMadeBlankFromTheTemplate) {
     Station s(false);
     const QString demo = s.folder.file("DB_CUE/V11_DEMO.DB");
     s.ws.fm_Gas_Chart.txt_db_path.setText(demo);
-    Open(s);
+    s.open();
     EXPECT_TRUE(s.saw(demo + " File not found"));
     EXPECT_TRUE(s.messages().filter("Could not copy V11_DEMO.DB").size() == 1);
     EXPECT_TRUE(s.saw("Attempting to create blank demo"));
@@ -67,10 +58,7 @@ TEST(Lifecycle, AMissingDemonstrationJobIsCopiedOrMadeBlankFromTheTemplate) {
     EXPECT_EQ(s.ws.db.Grecords.RecordCount(), 0);
     EXPECT_EQ(s.ws.db.NextRecordId, 1);
     EXPECT_TRUE(s.dialogs.boxes.empty());
-    {
-        RawDb raw(demo);
-        EXPECT_EQ(raw.number("SELECT count(*) FROM LagPara"), 6);
-    }
+    EXPECT_EQ(RawDb(demo).number("SELECT count(*) FROM LagPara"), 6);
 
     // With the program's own copy of the demonstration job beside it, that
     // copy is what a missing demonstration job becomes.
@@ -79,7 +67,7 @@ TEST(Lifecycle, AMissingDemonstrationJobIsCopiedOrMadeBlankFromTheTemplate) {
     storetest::MakeJob(s.folder.file("V11_DEMO.DB"));
     InsertPackets(s.folder.file("V11_DEMO.DB"), {1, 2, 3});
     s.ws.fm_Gas_Chart.txt_message.setText("");
-    Open(s);
+    s.open();
     EXPECT_TRUE(s.saw("Created demo DB " + demo));
     EXPECT_EQ(s.ws.db.Grecords.RecordCount(), 3);
     EXPECT_EQ(s.ws.db.RecordCount, 3);
@@ -93,15 +81,12 @@ TEST(Lifecycle, MakeDatabaseKeepsWhatStoodThereAndInsistsOnADbName) {
     EXPECT_EQ(path, s.job);
     EXPECT_TRUE(s.saw(s.job + " created"));
     EXPECT_EQ(s.rows(), 0);
-    {
-        RawDb old(s.folder.file("DB_CUE/OLD_JOB.DB"));
-        EXPECT_EQ(old.number("SELECT count(*) FROM OMBRI_DB_010"), 2);
-    }
+    EXPECT_EQ(RawDb(s.folder.file("DB_CUE/OLD_JOB.DB")).rows(), 2);
 
     // A name that does not end in DB: the blank name in that folder, and the
     // open that follows takes it as the job.
     s.ws.fm_Gas_Chart.txt_db_path.setText(s.folder.file("DB_CUE/notes.txt"));
-    Open(s);
+    s.open();
     const QString blank = s.folder.file("DB_CUE/OMBRI_010_BLANK.DB");
     EXPECT_EQ(s.ws.fm_Gas_Chart.txt_db_path.text(), blank);
     EXPECT_TRUE(s.saw(blank + " created"));
@@ -121,7 +106,7 @@ TEST(Lifecycle, AnOpenAddsTheLateColumnsWithoutAQuestion) {
         raw.exec(
             "INSERT INTO OMBRI_DB_010 (ID, PACKET_NUM, DT) VALUES (9, 5, '2026-11-01 06:00:00')");
     }
-    Open(s);
+    s.open();
     EXPECT_TRUE(s.dialogs.boxes.empty());
     ASSERT_TRUE(s.ws.db.Grecords.isOpen());
     const QStringList cols = s.ws.db.Gdb.FieldNames("OMBRI_DB_010");
@@ -129,20 +114,13 @@ TEST(Lifecycle, AnOpenAddsTheLateColumnsWithoutAQuestion) {
     EXPECT_TRUE(s.ws.db.Grecords.Fields("IC5").isNull());
     EXPECT_EQ(s.ws.db.Grecords.Fields("ID").toLong(), 1);
     // The packet number is unique from now on.
-    RawDb raw(s.job);
-    EXPECT_NE(raw.exec("INSERT INTO OMBRI_DB_010 (PACKET_NUM) VALUES (5)"), SQLITE_OK);
+    EXPECT_NE(RawDb(s.job).exec("INSERT INTO OMBRI_DB_010 (PACKET_NUM) VALUES (5)"), SQLITE_OK);
 }
 
 TEST(Lifecycle, TheOpenRenumbersIdInPacketOrderInBatches) {
     Station s;
-    std::vector<int> packets(2500);
-    std::iota(packets.begin(), packets.end(), 1);
-    std::shuffle(packets.begin(), packets.end(), std::mt19937(5));
-    InsertPackets(s.job, packets);
-    {
-        RawDb raw(s.job);
-        raw.exec("UPDATE OMBRI_DB_010 SET ID = 7");
-    }
+    InsertPackets(s.job, Packets(2500, 5));
+    RawDb(s.job).exec("UPDATE OMBRI_DB_010 SET ID = 7");
     QList<bool> shown;
     QList<int> progress;
     s.ws.fm_help.form.listen([&](const forms::Control& c, forms::Prop p) {
@@ -151,20 +129,18 @@ TEST(Lifecycle, TheOpenRenumbersIdInPacketOrderInBatches) {
     s.ws.fm_help.pgbar.listen([&](const forms::Control& c, forms::Prop p) {
         if (p == forms::Prop::Value) progress << c.value();
     });
-    Open(s);
+    s.open();
     EXPECT_EQ(s.ws.fm_help.form.caption(), "Re-indexing Data Base.  Wait...");
     EXPECT_EQ(s.ws.fm_help.pgbar.max(), 2501);
     EXPECT_EQ(shown, (QList<bool>{true, false}));
     // A first commit after ten rows, then one a thousand.
     EXPECT_EQ(progress, (QList<int>{1, 10, 1010, 2010}));
     EXPECT_EQ(s.ws.db.NextRecordId, 2501);
-    RawDb raw(s.job);
-    EXPECT_EQ(raw.number("SELECT count(*) FROM OMBRI_DB_010 WHERE ID = PACKET_NUM"), 2500);
+    EXPECT_EQ(RawDb(s.job).number("SELECT count(*) FROM OMBRI_DB_010 WHERE ID = PACKET_NUM"), 2500);
 
     // The first row written after the open carries what the re-index left,
     // plus one.
-    s.packet(3000);
-    SaveKWData(s.ws);
+    s.save(3000);
     EXPECT_EQ(s.column(3000, "ID"), "2502");
 }
 
@@ -176,14 +152,14 @@ TEST(Lifecycle, OneRecordGetsIdOneWithoutTheProgressBoxAndAnEmptyTableStartsAtOn
         if (p == forms::Prop::Visible) shown << c.visible();
     });
     s.ws.db.NextRecordId = 99;
-    Open(s);
+    s.open();
     EXPECT_TRUE(shown.isEmpty() || !shown.contains(true));
     EXPECT_EQ(s.column(42, "ID"), "1");
     EXPECT_EQ(s.ws.db.NextRecordId, 2);
 
     Station empty;
     empty.ws.db.NextRecordId = 99;
-    Open(empty);
+    empty.open();
     EXPECT_EQ(empty.ws.db.NextRecordId, 1);
 }
 
@@ -193,7 +169,7 @@ TEST(Lifecycle, AnOlderJobIsConvertedOnlyWhenTheUserAgrees) {
     const QByteArray before = Digest(s.job);
 
     s.dialogs.answers.push_back(platform::Answer::No);
-    Open(s);
+    s.open();
     ASSERT_EQ(s.dialogs.boxes.size(), 1u);
     EXPECT_EQ(s.dialogs.boxes[0].title, "CONVERT DATA BASE TO NEW TYPE?");
     EXPECT_EQ(s.dialogs.boxes[0].text, "This data base is not compatible with the new version\r\n"
@@ -205,17 +181,15 @@ TEST(Lifecycle, AnOlderJobIsConvertedOnlyWhenTheUserAgrees) {
     EXPECT_TRUE(s.lastMessage().startsWith("Open DB Err: "));
 
     s.dialogs.answers.push_back(platform::Answer::Yes);
-    Open(s);
+    s.open();
     EXPECT_EQ(s.dialogs.boxes.size(), 2u);
     ASSERT_TRUE(s.ws.db.Grecords.isOpen());
     EXPECT_EQ(s.ws.db.Grecords.RecordCount(), 25);
     EXPECT_TRUE(s.folder.exists("DB_CUE/JOB.DB.old"));
     EXPECT_FALSE(s.folder.exists("DB_CUE/JOB.DB.new"));
     EXPECT_EQ(s.ws.db.NextRecordId, 26);
-    {
-        RawDb old(s.folder.file("DB_CUE/JOB.DB.old"));
-        EXPECT_EQ(old.number("SELECT count(*) FROM OMBRI_DB_005"), 25);
-    }
+    EXPECT_EQ(RawDb(s.folder.file("DB_CUE/JOB.DB.old")).number("SELECT count(*) FROM OMBRI_DB_005"),
+              25);
     // Old ID order becomes the packet order; each column from its old name.
     RawDb raw(s.job);
     EXPECT_EQ(
@@ -232,16 +206,10 @@ TEST(Lifecycle, AnOlderJobIsConvertedOnlyWhenTheUserAgrees) {
 
 TEST(Lifecycle, CompactKeepsEveryRowAndTheWriterFollowsTheNewFile) {
     Station s;
-    std::vector<int> packets(3000);
-    std::iota(packets.begin(), packets.end(), 1);
-    InsertPackets(s.job, packets);
-    {
-        RawDb raw(s.job);
-        raw.exec("DELETE FROM OMBRI_DB_010 WHERE PACKET_NUM > 1000");
-    }
-    Open(s);
-    s.packet(5000);
-    SaveKWData(s.ws);
+    InsertPackets(s.job, Packets(3000));
+    RawDb(s.job).exec("DELETE FROM OMBRI_DB_010 WHERE PACKET_NUM > 1000");
+    s.open();
+    s.save(5000);
     const qint64 size = QFileInfo(s.job).size();
     Compact_db(s.ws);
     EXPECT_FALSE(s.ws.rt.Gdb_busy);
@@ -251,11 +219,9 @@ TEST(Lifecycle, CompactKeepsEveryRowAndTheWriterFollowsTheNewFile) {
     EXPECT_FALSE(s.folder.exists("DB_CUE/JOB.DB.temp"));
     ASSERT_TRUE(s.ws.db.Grecords.isOpen());
     EXPECT_EQ(s.ws.db.Grecords.RecordCount(), 1001);
-    s.packet(5001);
-    SaveKWData(s.ws);
+    s.save(5001);
     EXPECT_EQ(s.rows(), 1002);
-    RawDb raw(s.job);
-    EXPECT_EQ(raw.value("PRAGMA integrity_check"), "ok");
+    EXPECT_EQ(RawDb(s.job).value("PRAGMA integrity_check"), "ok");
 
     // While another job holds the shared set, the compact does nothing.
     const QByteArray before = Digest(s.job);
@@ -287,7 +253,7 @@ TEST(Lifecycle, ThePositionMarksStandOnTheRecordBeforeTheNewest) {
 
 TEST(Lifecycle, NewOpenAndSaveAsGoThroughTheirDialogs) {
     Station s;
-    Open(s);
+    s.open();
     s.ws.rt.Gtotal_strokes = 500;
     s.ws.rt.Glag_depth_now = 1234;
 
@@ -325,10 +291,8 @@ TEST(Lifecycle, NewOpenAndSaveAsGoThroughTheirDialogs) {
     cmd_save_database_Click(s.ws);
     EXPECT_EQ(s.dialogs.boxes.back().title, "SAVE DATA BASE FILE");
     EXPECT_EQ(s.ws.fm_Gas_Chart.txt_db_path.text(), copy);
-    s.packet(10);
-    SaveKWData(s.ws);
-    RawDb raw(copy);
-    EXPECT_EQ(raw.value("SELECT group_concat(PACKET_NUM) FROM OMBRI_DB_010"), "1,2,3,4,10");
+    s.save(10);
+    EXPECT_EQ(RawDb(copy).packets(), "1,2,3,4,10");
     EXPECT_EQ(s.rows(), 4);
 
     // None of the three starts while a job holds the shared set.

@@ -4,13 +4,9 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <numeric>
-#include <random>
-
 using namespace store;
 using storetest::InsertPackets;
-using storetest::MakeJob;
+using storetest::Packets;
 using storetest::RawDb;
 
 namespace {
@@ -24,27 +20,42 @@ int ErrorOf(const std::function<void()>& f) {
     return 0;
 }
 
+// A job with rows of the given packet numbers, open on a connection of its own.
 struct Job {
     testkit::ProgramFolder folder;
     QString path = folder.file("job.db");
-    Job() { MakeJob(path); }
-    Database open() { return OpenDatabase(path); }
-    Recordset records(Database& db) { return db.OpenRecordset(RecordQuery(kRecordTable)); }
+    Database db;
+    explicit Job(const std::vector<int>& packets = {}) {
+        storetest::MakeJob(path);
+        InsertPackets(path, packets);
+        db = OpenDatabase(path);
+    }
+    Recordset records() const { return db.OpenRecordset(RecordQuery(kRecordTable)); }
+    Recordset adder() const {
+        return db.OpenRecordset(RecordQuery(kRecordTable), RecordsetType::AppendOnly);
+    }
 };
+
+void Add(Recordset& rs, const Variant& packet) {
+    rs.AddNew();
+    rs.SetField("PACKET_NUM", packet);
+    rs.Update();
+}
+
+// The packet numbers from the current record to the end.
+QList<long> Rest(Recordset& rs) {
+    QList<long> seen;
+    for (; !rs.Eof(); rs.MoveNext()) seen << rs.Fields("PACKET_NUM").toLong();
+    return seen;
+}
 
 } // namespace
 
 TEST(Recordset, WalksInPacketOrderWhateverOrderTheRowsWereWritten) {
-    Job job;
-    // The first half written in order (rows side by side in the table), the
-    // second half shuffled (rows far apart), so both kinds of read-ahead run.
-    std::vector<int> packets(4000);
-    std::iota(packets.begin(), packets.end(), 1);
-    std::shuffle(packets.begin() + 2000, packets.end(), std::mt19937(7));
-    InsertPackets(job.path, packets);
-
-    Database db = job.open();
-    Recordset rs = job.records(db);
+    // The first half written in order, the second half shuffled, so both
+    // kinds of read-ahead run.
+    Job job(Packets(4000, 7, 2000));
+    Recordset rs = job.records();
     ASSERT_EQ(rs.RecordCount(), 4000);
     int expected = 1;
     for (rs.MoveFirst(); !rs.Eof(); rs.MoveNext()) {
@@ -74,8 +85,7 @@ TEST(Recordset, WalksInPacketOrderWhateverOrderTheRowsWereWritten) {
 
 TEST(Recordset, EndsOfTheKeysetAndTheErrorsBeyondThem) {
     Job job;
-    Database db = job.open();
-    Recordset empty = job.records(db);
+    Recordset empty = job.records();
     EXPECT_TRUE(empty.Bof());
     EXPECT_TRUE(empty.Eof());
     EXPECT_EQ(empty.RecordCount(), 0);
@@ -85,7 +95,7 @@ TEST(Recordset, EndsOfTheKeysetAndTheErrorsBeyondThem) {
     EXPECT_EQ(ErrorOf([&] { empty.Fields("ID"); }), err::NoCurrentRecord);
 
     InsertPackets(job.path, {5});
-    Recordset one = job.records(db);
+    Recordset one = job.records();
     EXPECT_FALSE(one.Bof());
     EXPECT_EQ(one.Fields("PACKET_NUM").toLong(), 5);
     one.MovePrevious();
@@ -105,10 +115,8 @@ TEST(Recordset, EndsOfTheKeysetAndTheErrorsBeyondThem) {
 }
 
 TEST(Recordset, NullIsAStateOfItsOwn) {
-    Job job;
-    InsertPackets(job.path, {1, 2});
-    Database db = job.open();
-    Recordset rs = job.records(db);
+    Job job({1, 2});
+    Recordset rs = job.records();
 
     const Variant lag = rs.Fields("LAG_GU");
     EXPECT_TRUE(lag.isNull());
@@ -126,60 +134,32 @@ TEST(Recordset, NullIsAStateOfItsOwn) {
     rs.SetField("DEPTH", Variant::Null());
     rs.Update();
     EXPECT_TRUE(rs.Fields("DEPTH").isNull());
-    RawDb raw(job.path);
-    EXPECT_EQ(raw.value("SELECT DEPTH FROM OMBRI_DB_010 WHERE PACKET_NUM = 1"), "NULL");
-    EXPECT_EQ(raw.value("SELECT LAG_GU FROM OMBRI_DB_010 WHERE PACKET_NUM = 1"), "1234.5");
-}
-
-TEST(Recordset, ADuplicatePacketNumberIsError3022AndWritesNothing) {
-    Job job;
-    InsertPackets(job.path, {1, 2, 3});
-    Database db = job.open();
-    Recordset rs = db.OpenRecordset(RecordQuery(kRecordTable), RecordsetType::AppendOnly);
-    EXPECT_EQ(rs.RecordCount(), 0);
-    rs.AddNew();
-    rs.SetField("PACKET_NUM", "2");
-    rs.SetField("GAS_UNITS", 99.0);
-    EXPECT_EQ(ErrorOf([&] { rs.Update(); }), err::DuplicateKey);
-    RawDb raw(job.path);
-    EXPECT_EQ(raw.number("SELECT count(*) FROM OMBRI_DB_010"), 3);
-    EXPECT_EQ(raw.number("SELECT count(*) FROM OMBRI_DB_010 WHERE GAS_UNITS = 99"), 0);
+    EXPECT_EQ(RawDb(job.path).value(
+                  "SELECT quote(DEPTH) || ' ' || LAG_GU FROM OMBRI_DB_010 WHERE PACKET_NUM = 1"),
+              "NULL 1234.5");
 }
 
 TEST(Recordset, RowsAddedAfterTheOpenStayOutOfTheKeysetUntilRequery) {
-    Job job;
-    InsertPackets(job.path, {10, 20, 30});
-    Database db = job.open();
-    Recordset rs = job.records(db);
+    Job job({10, 20, 30});
+    Recordset rs = job.records();
 
     // One added through the recordset itself, one by another program, one
     // of them sorting between the rows already there.
     rs.MoveLast();
-    rs.AddNew();
-    rs.SetField("PACKET_NUM", 40);
-    rs.Update();
+    Add(rs, 40);
     EXPECT_EQ(rs.Fields("PACKET_NUM").toLong(), 30); // the position stays
-    RawDb raw(job.path);
-    ASSERT_EQ(raw.exec("INSERT INTO OMBRI_DB_010 (PACKET_NUM) VALUES (15)"), SQLITE_OK);
+    ASSERT_EQ(RawDb(job.path).exec("INSERT INTO OMBRI_DB_010 (PACKET_NUM) VALUES (15)"), SQLITE_OK);
 
     EXPECT_EQ(rs.RecordCount(), 3);
-    QList<long> seen;
-    for (rs.MoveFirst(); !rs.Eof(); rs.MoveNext()) seen << rs.Fields("PACKET_NUM").toLong();
-    EXPECT_EQ(seen, (QList<long>{10, 20, 30}));
-
+    rs.MoveFirst();
+    EXPECT_EQ(Rest(rs), (QList<long>{10, 20, 30}));
     rs.Requery();
-    seen.clear();
-    for (; !rs.Eof(); rs.MoveNext()) seen << rs.Fields("PACKET_NUM").toLong();
-    EXPECT_EQ(seen, (QList<long>{10, 15, 20, 30, 40}));
+    EXPECT_EQ(Rest(rs), (QList<long>{10, 15, 20, 30, 40}));
 }
 
 TEST(Recordset, ChangesByAnotherConnectionToRowsOfTheKeysetAreSeen) {
-    Job job;
-    std::vector<int> packets(300);
-    std::iota(packets.begin(), packets.end(), 1);
-    InsertPackets(job.path, packets);
-    Database db = job.open();
-    Recordset rs = job.records(db);
+    Job job(Packets(300));
+    Recordset rs = job.records();
     rs.SetAbsolutePosition(100);
     EXPECT_DOUBLE_EQ(rs.Fields("GAS_UNITS").toDouble(), 50.5);
 
@@ -197,7 +177,7 @@ TEST(Recordset, ChangesByAnotherConnectionToRowsOfTheKeysetAreSeen) {
 
     // A change made through another recordset on the same connection is seen
     // at once, read-ahead or not.
-    Recordset other = job.records(db);
+    Recordset other = job.records();
     other.SetAbsolutePosition(102); // its keyset lacks the deleted row
     ASSERT_EQ(other.Fields("PACKET_NUM").toLong(), 104);
     other.Edit();
@@ -208,15 +188,10 @@ TEST(Recordset, ChangesByAnotherConnectionToRowsOfTheKeysetAreSeen) {
 }
 
 TEST(Recordset, EditsOnALongPassLandInTheFileAndInWhatThePassReadsBack) {
-    Job job;
-    std::vector<int> packets(3000);
-    std::iota(packets.begin(), packets.end(), 1);
-    std::shuffle(packets.begin(), packets.end(), std::mt19937(11));
-    InsertPackets(job.path, packets);
-    Database db = job.open();
-    Recordset rs = job.records(db);
+    Job job(Packets(3000, 11));
+    Recordset rs = job.records();
     {
-        Transaction t(db);
+        Transaction t(job.db);
         int id = 5000;
         for (rs.MoveFirst(); !rs.Eof(); rs.MoveNext()) {
             rs.Edit();
@@ -231,16 +206,15 @@ TEST(Recordset, EditsOnALongPassLandInTheFileAndInWhatThePassReadsBack) {
         ASSERT_EQ(rs.Fields("ID").toLong(), id++);
         ASSERT_EQ(rs.Fields("ERR_TXT").toText(), "0 *");
     }
-    RawDb raw(job.path);
-    EXPECT_EQ(raw.number("SELECT count(*) FROM OMBRI_DB_010 WHERE ID = PACKET_NUM + 4999"), 3000);
+    EXPECT_EQ(
+        RawDb(job.path).number("SELECT count(*) FROM OMBRI_DB_010 WHERE ID = PACKET_NUM + 4999"),
+        3000);
 }
 
 TEST(Recordset, DeleteLeavesTheWalkGoingToTheNextRow) {
-    Job job;
-    InsertPackets(job.path, {1, 2, 3, 4, 5, 6});
-    Database db = job.open();
-    Recordset rs = db.OpenRecordset(" SELECT * FROM OMBRI_DB_010 WHERE ID BETWEEN 2 AND 6 "
-                                    "ORDER BY PACKET_NUM");
+    Job job({1, 2, 3, 4, 5, 6});
+    Recordset rs = job.db.OpenRecordset(" SELECT * FROM OMBRI_DB_010 WHERE ID BETWEEN 2 AND 6 "
+                                        "ORDER BY PACKET_NUM");
     EXPECT_EQ(rs.RecordCount(), 5);
     QList<long> kept;
     for (rs.MoveFirst(); !rs.Eof(); rs.MoveNext()) {
@@ -254,59 +228,51 @@ TEST(Recordset, DeleteLeavesTheWalkGoingToTheNextRow) {
     }
     EXPECT_EQ(kept, (QList<long>{2, 5}));
     EXPECT_EQ(rs.RecordCount(), 2);
-    RawDb raw(job.path);
-    EXPECT_EQ(raw.value("SELECT group_concat(PACKET_NUM) FROM OMBRI_DB_010"), "1,2,5");
+    EXPECT_EQ(RawDb(job.path).packets(), "1,2,5");
 }
 
 TEST(Recordset, TransactionsNestAndAGuardRollsBackWhatItDidNotCommit) {
     Job job;
-    Database db = job.open();
-    Recordset rs = db.OpenRecordset(RecordQuery(kRecordTable), RecordsetType::AppendOnly);
-    auto add = [&](int p) {
-        rs.AddNew();
-        rs.SetField("PACKET_NUM", p);
-        rs.Update();
-    };
+    const Database& db = job.db;
+    Recordset rs = job.adder();
     db.BeginTrans();
-    add(1);
+    Add(rs, 1);
     db.BeginTrans();
-    add(2);
+    Add(rs, 2);
     EXPECT_EQ(db.TransactionLevel(), 2);
     db.Rollback();
-    add(3);
+    Add(rs, 3);
     db.CommitTrans();
     {
         Transaction t(db);
-        add(4);
+        Add(rs, 4);
     }
     {
         Transaction t(db);
-        add(5);
+        Add(rs, 5);
         t.Commit();
     }
     EXPECT_EQ(ErrorOf([&] { db.CommitTrans(); }), err::NoTransaction);
     RawDb raw(job.path);
-    EXPECT_EQ(raw.value("SELECT group_concat(PACKET_NUM) FROM OMBRI_DB_010"), "1,3,5");
+    EXPECT_EQ(raw.packets(), "1,3,5");
 
     // A workspace's transaction spans its databases.
     Workspace ws = Workspace::Create("test");
     Database a = ws.OpenDatabase(job.path);
     Recordset ra = a.OpenRecordset(RecordQuery(kRecordTable), RecordsetType::AppendOnly);
     ws.BeginTrans();
-    ra.AddNew();
-    ra.SetField("PACKET_NUM", 6);
-    ra.Update();
+    Add(ra, 6);
     ws.Rollback();
-    EXPECT_EQ(raw.number("SELECT count(*) FROM OMBRI_DB_010"), 3);
+    EXPECT_EQ(raw.rows(), 3);
     ws.Close();
     EXPECT_FALSE(a.isOpen());
     EXPECT_EQ(ErrorOf([&] { ra.AddNew(); }), err::ObjectClosed);
 }
 
-TEST(Recordset, ValuesAreConvertedToTheColumnWhenTheyAreSet) {
-    Job job;
-    Database db = job.open();
-    Recordset rs = db.OpenRecordset(RecordQuery(kRecordTable), RecordsetType::AppendOnly);
+TEST(Recordset, ValuesAreConvertedWhenSetAndARepeatedPacketNumberIsError3022) {
+    Job job({1});
+    Recordset rs = job.adder();
+    EXPECT_EQ(rs.RecordCount(), 0); // it reads nothing
     rs.AddNew();
     EXPECT_EQ(ErrorOf([&] { rs.SetField("PACKET_NUM", " "); }), err::ConversionError);
     EXPECT_EQ(ErrorOf([&] { rs.SetField("PACKET_NUM", "12abc"); }), err::ConversionError);
@@ -319,16 +285,21 @@ TEST(Recordset, ValuesAreConvertedToTheColumnWhenTheyAreSet) {
     EXPECT_EQ(ErrorOf([&] { rs.SetField("DT", "not a date"); }), err::ConversionError);
     rs.Update();
     EXPECT_EQ(ErrorOf([&] { rs.SetField("ID", 1); }), err::UpdateWithoutEdit);
+    // A packet number that is there already: nothing of the row is written.
+    rs.AddNew();
+    rs.SetField("PACKET_NUM", "1");
+    rs.SetField("GAS_UNITS", 99.0);
+    EXPECT_EQ(ErrorOf([&] { rs.Update(); }), err::DuplicateKey);
 
     RawDb raw(job.path);
-    EXPECT_EQ(raw.value("SELECT typeof(PACKET_NUM) || ' ' || PACKET_NUM FROM OMBRI_DB_010"),
-              "integer 12");
-    EXPECT_EQ(raw.value("SELECT ID FROM OMBRI_DB_010"), "2");
-    EXPECT_EQ(raw.value("SELECT typeof(DEPTH) FROM OMBRI_DB_010"), "real");
-    EXPECT_EQ(raw.value("SELECT SERIAL_NUM FROM OMBRI_DB_010"), "42");
-    EXPECT_EQ(raw.value("SELECT DT FROM OMBRI_DB_010"), "2026-11-01 06:00:06");
+    EXPECT_EQ(raw.rows(), 2);
+    EXPECT_EQ(raw.number("SELECT count(*) FROM OMBRI_DB_010 WHERE GAS_UNITS = 99"), 0);
+    EXPECT_EQ(raw.value("SELECT typeof(PACKET_NUM)||' '||PACKET_NUM||' '||ID||' '||typeof(DEPTH)||"
+                        "' '||SERIAL_NUM||' '||DT FROM OMBRI_DB_010 WHERE PACKET_NUM = 12"),
+              "integer 12 2 real 42 2026-11-01 06:00:06");
 
-    Recordset back = db.OpenRecordset(RecordQuery(kRecordTable));
+    Recordset back = job.records();
+    back.MoveLast();
     EXPECT_EQ(back.Fields("DT").kind(), Variant::Kind::Date);
     EXPECT_EQ(back.Fields("DT").toDate(), QDateTime(QDate(2026, 11, 1), QTime(6, 0, 6)));
     EXPECT_EQ(back.Fields("DT"), Variant(QDateTime(QDate(2026, 11, 1), QTime(6, 0, 6))));
@@ -338,14 +309,13 @@ TEST(Recordset, ValuesAreConvertedToTheColumnWhenTheyAreSet) {
     EXPECT_DOUBLE_EQ(back.Fields("DEPTH").toDouble(), 1234.5);
 }
 
-TEST(Recordset, TablesAndColumnsAreMadeOnceAndTheSecondTimeIsANamedError) {
+TEST(Recordset, TablesAreMadeOnceAndEveryFailureCarriesItsNumber) {
     Job job;
-    Database db = job.open();
+    const Database& db = job.db;
     EXPECT_EQ(db.TableDefs(), (QStringList{"LagPara", "OMBRI_DB_010"}));
-    const QStringList cols = db.FieldNames(kRecordTable);
-    ASSERT_EQ(cols.size(), static_cast<int>(kRecordColumns.size()));
-    for (size_t i = 0; i < kRecordColumns.size(); ++i)
-        EXPECT_EQ(cols[static_cast<int>(i)], kRecordColumns[i].name);
+    QStringList names;
+    for (const ColumnDef& c : kRecordColumns) names << c.name;
+    EXPECT_EQ(db.FieldNames(kRecordTable), names);
 
     TableDef lag{kLagTable, {{"ZoneNumber", DataType::Double}}};
     EXPECT_EQ(ErrorOf([&] { db.Append(lag); }), err::TableExists);
@@ -365,48 +335,37 @@ TEST(Recordset, TablesAndColumnsAreMadeOnceAndTheSecondTimeIsANamedError) {
     EXPECT_EQ(zones.Fields("ZoneNumber").toDouble(), 6);
     EXPECT_EQ(zones.Fields("StartDepth").toDouble(), 0);
     EXPECT_EQ(zones.Fields("Selection").toDouble(), 1);
-}
 
-TEST(Recordset, OpenErrorsComeBackWithTheirNumbers) {
-    testkit::ProgramFolder folder;
-    Database db;
-    auto missing = TryOpenDatabase(folder.file("nothing.db"), db);
+    // Opens that fail leave the handle closed, and a closed handle says so.
+    Database other;
+    auto missing = TryOpenDatabase(job.folder.file("nothing.db"), other);
     ASSERT_TRUE(missing);
     EXPECT_EQ(missing->number(), err::FileNotFound);
-    EXPECT_FALSE(db.isOpen());
-    EXPECT_FALSE(QFile::exists(folder.file("nothing.db")));
+    EXPECT_FALSE(other.isOpen());
+    EXPECT_FALSE(job.folder.exists("nothing.db"));
 
-    QFile text(folder.file("notes.db"));
+    QFile text(job.folder.file("notes.db"));
     ASSERT_TRUE(text.open(QIODevice::WriteOnly));
     text.write(QByteArray(4096, 'x'));
     text.close();
-    auto notDb = TryOpenDatabase(folder.file("notes.db"), db);
+    auto notDb = TryOpenDatabase(job.folder.file("notes.db"), other);
     ASSERT_TRUE(notDb);
     EXPECT_EQ(notDb->number(), err::NotADatabase);
     EXPECT_TRUE(notDb->description().contains("notes.db"));
+    EXPECT_EQ(ErrorOf([&] { other.OpenRecordset(RecordQuery(kRecordTable)); }), err::ObjectClosed);
 
-    EXPECT_EQ(ErrorOf([&] { db.OpenRecordset(RecordQuery(kRecordTable)); }), err::ObjectClosed);
-
-    const QString path = folder.file("job.db");
-    MakeJob(path);
-    ASSERT_FALSE(TryOpenDatabase(path, db));
-    EXPECT_EQ(ErrorOf([&] { db.OpenRecordset(RecordQuery("OMBRI_DB_005")); }), err::TableNotFound);
-    EXPECT_EQ(ErrorOf([&] { db.OpenRecordset(" SELECT * FROM LagPara ORDER BY NOPE"); }),
+    ASSERT_FALSE(TryOpenDatabase(job.path, other));
+    EXPECT_EQ(ErrorOf([&] { other.OpenRecordset(RecordQuery("OMBRI_DB_005")); }),
+              err::TableNotFound);
+    EXPECT_EQ(ErrorOf([&] { other.OpenRecordset(" SELECT * FROM LagPara ORDER BY NOPE"); }),
               err::ItemNotFound);
 }
 
 TEST(Recordset, CopiesAndCompactsHoldEveryCommittedRow) {
-    Job job;
-    std::vector<int> packets(500);
-    std::iota(packets.begin(), packets.end(), 1);
     // The writer stays open, so the commits may still sit in the log file.
-    Database db = job.open();
-    Recordset rs = db.OpenRecordset(RecordQuery(kRecordTable), RecordsetType::AppendOnly);
-    for (int p : packets) {
-        rs.AddNew();
-        rs.SetField("PACKET_NUM", p);
-        rs.Update();
-    }
+    Job job;
+    Recordset rs = job.adder();
+    for (int p : Packets(500)) Add(rs, p);
     const QString copy = job.folder.file("copy.db");
     const QString compact = job.folder.file("compact.db");
     CopyDatabase(job.path, copy);
@@ -414,7 +373,7 @@ TEST(Recordset, CopiesAndCompactsHoldEveryCommittedRow) {
     EXPECT_EQ(ErrorOf([&] { CompactDatabase(job.path, compact); }), err::Engine);
     for (const QString& f : {copy, compact}) {
         RawDb raw(f);
-        EXPECT_EQ(raw.number("SELECT count(*) FROM OMBRI_DB_010"), 500);
+        EXPECT_EQ(raw.rows(), 500);
         EXPECT_EQ(raw.value("PRAGMA integrity_check"), "ok");
     }
 }

@@ -6,9 +6,11 @@
 #include "program_folder.h"
 #include "scripted_dialogs.h"
 #include "store/lifecycle.h"
+#include "store/record_writer.h"
 #include "store_fixture.h"
 
 #include <QDir>
+#include <gtest/gtest.h>
 
 namespace storetest {
 
@@ -46,26 +48,28 @@ struct Station {
         f[acq::ERRTXT] = "0 ";
         f[acq::PACKETNUM] = QString::number(n);
     }
-
-    long long rows() {
-        RawDb raw(job);
-        return raw.number("SELECT count(*) FROM OMBRI_DB_010");
+    // Packet n handed to the record writer as it is.
+    void save(int n) {
+        packet(n);
+        store::SaveKWData(ws);
     }
+
+    // Opens the job as the start-up does (verify, path from txt_db_path):
+    // the verify flag comes back lowered and the shared set free.
+    void open() {
+        QString path;
+        bool verify = true;
+        store::OpenSharedDb(ws, path, verify);
+        EXPECT_FALSE(verify);
+        EXPECT_FALSE(ws.rt.Gdb_busy);
+    }
+
+    long long rows() { return RawDb(job).rows(); }
     // A column of the row with packet number n, as text.
     QString column(int n, const QString& col) {
-        RawDb raw(job);
-        return raw.value(
+        return RawDb(job).value(
             QString("SELECT %1 FROM OMBRI_DB_010 WHERE PACKET_NUM = %2").arg(col).arg(n));
     }
 };
-
-// Opens the station's job as the start-up does (verify, path from
-// txt_db_path) and gives back whether the verify flag was left raised.
-inline bool OpenJob(Station& s) {
-    QString path;
-    bool verify = true;
-    store::OpenSharedDb(s.ws, path, verify);
-    return verify;
-}
 
 } // namespace storetest

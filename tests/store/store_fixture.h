@@ -9,7 +9,11 @@
 #include "store/schema.h"
 
 #include <QString>
+#include <algorithm>
+#include <numeric>
+#include <random>
 #include <sqlite3.h>
+#include <vector>
 
 namespace storetest {
 
@@ -48,11 +52,24 @@ class RawDb {
         return out;
     }
     long long number(const QString& sql) { return value(sql).toLongLong(); }
+    long long rows() { return number("SELECT count(*) FROM OMBRI_DB_010"); }
+    // The packet numbers of the record table, comma separated.
+    QString packets() { return value("SELECT group_concat(PACKET_NUM) FROM OMBRI_DB_010"); }
     sqlite3* handle() { return db_; }
 
   private:
     sqlite3* db_ = nullptr;
 };
+
+// Packet numbers 1 .. n, shuffled from the index `from` on when a seed is
+// given (rows written in order lie side by side in the table, shuffled ones
+// far apart).
+inline std::vector<int> Packets(int n, unsigned seed = 0, int from = 0) {
+    std::vector<int> p(n);
+    std::iota(p.begin(), p.end(), 1);
+    if (seed) std::shuffle(p.begin() + from, p.end(), std::mt19937(seed));
+    return p;
+}
 
 // Rows with the given packet numbers, in that order of insertion, each with
 // ID = its packet number, DEPTH = packet * 10 and GAS_UNITS = packet / 2.
