@@ -1,6 +1,7 @@
 #pragma once
-// A workstation over a temporary program folder with a fixed clock, and the
-// small builders the acquisition tests share.
+// A workstation over a temporary program folder with a fixed clock, the
+// small builders the acquisition tests share, and a real pseudo-terminal
+// pair for the serial line.
 
 #include "acquisition/parser.h"
 #include "acquisition/timers.h"
@@ -10,7 +11,11 @@
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
+#include <QFileInfo>
+#include <QProcess>
 #include <QStringList>
+#include <QTemporaryDir>
+#include <QThread>
 #include <functional>
 #include <gtest/gtest.h>
 #include <ostream>
@@ -27,6 +32,36 @@ namespace acqtest {
 inline QDateTime FixedNow() {
     return QDateTime(QDate(2024, 3, 5), QTime(14, 7, 9));
 }
+
+// A pseudo-terminal pair from socat: one end for the workstation's serial
+// port, the other for the test that plays the instrument.
+class PtyPair {
+  public:
+    ~PtyPair() {
+        if (proc_.state() != QProcess::NotRunning) {
+            proc_.terminate();
+            if (!proc_.waitForFinished(2000)) proc_.kill();
+            proc_.waitForFinished(2000);
+        }
+    }
+    bool start() {
+        proc_.start("socat", {"pty,raw,echo=0,link=" + workstationEnd(),
+                              "pty,raw,echo=0,link=" + instrumentEnd()});
+        if (!proc_.waitForStarted(3000)) return false;
+        for (int i = 0; i < 50; ++i) {
+            if (QFileInfo::exists(workstationEnd()) && QFileInfo::exists(instrumentEnd()))
+                return true;
+            QThread::msleep(50);
+        }
+        return false;
+    }
+    QString workstationEnd() const { return dir_.path() + "/ws"; }
+    QString instrumentEnd() const { return dir_.path() + "/kw"; }
+
+  private:
+    QTemporaryDir dir_;
+    QProcess proc_;
+};
 
 class AcqTest : public ::testing::Test {
   protected:
@@ -46,16 +81,39 @@ class AcqTest : public ::testing::Test {
     const QString& buffer() const { return ws.rt.Gline_buffer; }
     const QString& field(int i) const { return ws.rt.Gombri_data_array[i]; }
     // Lets the links deliver and runs the intake tick until done() holds or
-    // five seconds pass.
-    bool intakeUntil(const std::function<bool()>& done) {
+    // ms milliseconds pass.
+    bool intakeUntil(const std::function<bool()>& done, int ms = 5000) {
         QElapsedTimer limit;
         limit.start();
-        while (limit.elapsed() < 5000) {
+        while (limit.elapsed() < ms) {
             QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
             acq::tmrDataArrival_Timer(ws);
             if (done()) return true;
         }
         return false;
+    }
+    // The workstation's serial port n on one end of a fresh pseudo-terminal
+    // pair, with no other port to scan.
+    void openSerial(PtyPair& pty, int n) {
+        ASSERT_TRUE(pty.start()) << "socat did not give a port pair";
+        ws.ports.setScanDevices(false);
+        ws.ports.place(n, pty.workstationEnd());
+        ws.MSComm1.CommPort = n;
+        ASSERT_EQ(ws.MSComm1.SetPortOpen(true), 0) << ws.MSComm1.ErrorText().toStdString();
+    }
+    // What the instrument's end of a link got once at least n bytes came,
+    // with anything that follows right behind them.
+    static QByteArray readBack(QIODevice& instrument, int n) {
+        QByteArray got;
+        QElapsedTimer limit;
+        limit.start();
+        while (got.size() < n && limit.elapsed() < 5000) {
+            QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+            instrument.waitForReadyRead(50);
+            got += instrument.readAll();
+        }
+        instrument.waitForReadyRead(200);
+        return got + instrument.readAll();
     }
 };
 

@@ -1,17 +1,14 @@
 // The lag depth line the workstation answers every packet with, byte for
-// byte, and its way out over a real serial line.
+// byte, and its way out over a real serial line and a real TCP connection.
 #include "acq_fixture.h"
-#include "pty_pair.h"
 
-#include "acquisition/parser.h"
-#include "acquisition/timers.h"
 #include "acquisition/viewer.h"
 
-#include <QElapsedTimer>
 #include <QSerialPort>
+#include <QTcpServer>
+#include <QTcpSocket>
 
 using acqtest::AcqTest;
-using acqtest::Packet;
 
 namespace {
 
@@ -33,16 +30,11 @@ TEST(LagDepthLine, CheckValueIsTheByteSumOfTheTextModulo256) {
     EXPECT_FALSE(acq::LagDepthLine(1).contains('\n'));
 }
 
-class LagDepthSerial : public AcqTest {};
+class LagDepthAnswer : public AcqTest {};
 
-TEST_F(LagDepthSerial, EachPacketIsAnsweredOnTheSerialLineWithoutKeepAlive) {
+TEST_F(LagDepthAnswer, OnTheSerialLineEachPacketIsAnsweredWithoutKeepAlive) {
     acqtest::PtyPair pty;
-    ASSERT_TRUE(pty.start()) << "socat did not give a port pair";
-    ws.ports.setScanDevices(false);
-    ws.ports.place(3, pty.workstationEnd());
-    ws.MSComm1.CommPort = 3;
-    ASSERT_EQ(ws.MSComm1.SetPortOpen(true), 0) << ws.MSComm1.ErrorText().toStdString();
-
+    ASSERT_NO_FATAL_FAILURE(openSerial(pty, 3));
     QSerialPort instrument;
     instrument.setPortName(pty.instrumentEnd());
     ASSERT_TRUE(instrument.open(QIODevice::ReadWrite));
@@ -51,27 +43,57 @@ TEST_F(LagDepthSerial, EachPacketIsAnsweredOnTheSerialLineWithoutKeepAlive) {
     instrument.flush();
 
     ASSERT_TRUE(intakeUntil([&] { return field(0) == "KW1"; }));
-
-    QByteArray back;
-    QElapsedTimer limit;
-    limit.start();
-    while (!back.endsWith('\r') && limit.elapsed() < 5000)
-        if (instrument.waitForReadyRead(100)) back += instrument.readAll();
     // One line: no keep-alive byte on the serial link.
-    EXPECT_EQ(back, QByteArray("LAGDEPTH 1234.5 150\r"));
+    EXPECT_EQ(readBack(instrument, 20), QByteArray("LAGDEPTH 1234.5 150\r"));
     // The terminal shows the received packet and the line sent, with CR LF.
     EXPECT_TRUE(ws.more_data.text_window.text().endsWith("LAGDEPTH 1234.5 150\r\r\n"));
 
     // A key typed in the terminal goes out as it stands and is not echoed.
     const QString before = ws.more_data.text_window.text();
     acq::text_window_KeyPress(ws, QChar('Q'));
-    back.clear();
-    limit.restart();
-    while (back.isEmpty() && limit.elapsed() < 5000)
-        if (instrument.waitForReadyRead(100)) back += instrument.readAll();
-    EXPECT_EQ(back, QByteArray("Q"));
+    EXPECT_EQ(readBack(instrument, 1), QByteArray("Q"));
     EXPECT_EQ(ws.more_data.text_window.text(), before);
     ws.MSComm1.SetPortOpen(false);
+}
+
+TEST_F(LagDepthAnswer, OverTcpAPacketSplitInTwoIsAnsweredWithTheKeepAliveByte) {
+    QTcpServer server;
+    ASSERT_TRUE(server.listen(QHostAddress::LocalHost, 0));
+    ws.Winsock_ombri.RemoteHost = "127.0.0.1";
+    ws.Winsock_ombri.RemotePort = server.serverPort();
+    ws.Winsock_ombri.Connect();
+    QTcpSocket* instrument = nullptr;
+    ASSERT_TRUE(intakeUntil([&] {
+        if (!instrument && server.hasPendingConnections())
+            instrument = server.nextPendingConnection();
+        return instrument && ws.Winsock_ombri.State() == 7;
+    }));
+
+    ws.rt.Glag_depth_now = 1234.5;
+    ws.rt.Guptime_percent = 40;
+    ws.rt.Gtcp_idle_count = 9;
+    instrument->write("*KW77,03/05/20");
+    instrument->flush();
+    EXPECT_FALSE(intakeUntil([&] { return field(0) == "KW77"; }, 200));
+    instrument->write("24,14:00:00,1500.5,22.5\r\n");
+    instrument->flush();
+    ASSERT_TRUE(intakeUntil([&] { return field(0) == "KW77"; }));
+    EXPECT_EQ(field(acq::DATE), "03/05/2024");
+    EXPECT_EQ(field(acq::DEPTH), "1500.5");
+    // Hand-computed check value 150 (see above), then the single byte 250.
+    EXPECT_EQ(readBack(*instrument, 21), QByteArray("LAGDEPTH 1234.5 150\r") + char(250));
+    EXPECT_EQ(ws.rt.Guptime_percent, 100);
+    EXPECT_EQ(ws.rt.Gtcp_idle_count, 0);
+    EXPECT_TRUE(ws.more_data.text_window.text().contains("LAGDEPTH 1234.5 150\r"));
+
+    // The instrument's TCPCONNECT is answered with a status request.
+    instrument->write("TCPCONNECT\r\n");
+    instrument->flush();
+    EXPECT_TRUE(
+        intakeUntil([&] { return ws.more_data.text_window.text().contains("TCPCONNECT"); }));
+    EXPECT_EQ(readBack(*instrument, 8), QByteArray("STATUS\r\n"));
+    EXPECT_TRUE(buffer().isEmpty());
+    ws.Winsock_ombri.Close();
 }
 
 } // namespace

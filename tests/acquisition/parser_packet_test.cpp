@@ -2,6 +2,7 @@
 // the parse failure and the local WITS override.
 #include "acq_fixture.h"
 
+#include "acquisition/live_fields.h"
 #include "acquisition/parser.h"
 #include "acquisition/timers.h"
 #include "text/numbers.h"
@@ -16,7 +17,9 @@ class ParserPacket : public AcqTest {};
 
 TEST_F(ParserPacket, APacketIsSplitIntoTheArrayAndTheWatchdogReset) {
     ws.rt.Glink_countdown = 7;
-    parse("*KW1234,03/05/2024,14:05:00,1500.5,12.25,20.9,0.1,1,41,3.2,18.7\r\n");
+    // Text before the star goes with the packet.
+    parse("noise\r\nmore noise *KW1234,03/05/2024,14:05:00,1500.5,12.25,20.9,0.1,1,41,3.2,18.7"
+          "\r\ntail");
     EXPECT_EQ(field(acq::SERIALNUM), "KW1234"); // the star belongs to field 0 and goes
     EXPECT_EQ(field(acq::DATE), "03/05/2024");
     EXPECT_EQ(field(acq::OMBRITIME), "14:05:00");
@@ -24,34 +27,24 @@ TEST_F(ParserPacket, APacketIsSplitIntoTheArrayAndTheWatchdogReset) {
     EXPECT_EQ(field(acq::GASUNITS), "12.25");
     EXPECT_EQ(field(acq::FTHR), "18.7");
     EXPECT_EQ(ws.rt.Glink_countdown, 61);
-    EXPECT_EQ(buffer(), "\n");
+    EXPECT_EQ(buffer(), "\ntail");
     EXPECT_FALSE(ws.rt.Gparse_busy);
 }
 
-TEST_F(ParserPacket, AShortPacketLeavesTheLaterFieldsAsTheyWere) {
+TEST_F(ParserPacket, AShortPacketWaitsForItsCrAndLeavesTheLaterFieldsAsTheyWere) {
     parse(Packet({{29, "C1a"}, {39, "NC5a"}}));
-    parse("*SN,d,t,100\r\n");
+    ws.rt.Gline_buffer.clear();
+    ws.rt.Glink_countdown = 9;
+    parse("*SN,d,t");
+    EXPECT_EQ(buffer(), "*SN,d,t");
+    EXPECT_EQ(field(0), "f0");
+    EXPECT_EQ(ws.rt.Glink_countdown, 9);
+    parse(",100\r");
+    EXPECT_EQ(field(0), "SN");
     EXPECT_EQ(field(3), "100");
     EXPECT_EQ(field(29), "C1a");
     EXPECT_EQ(field(39), "NC5a");
-}
-
-TEST_F(ParserPacket, APacketWaitsForItsCrAcrossCalls) {
-    ws.rt.Glink_countdown = 9;
-    parse("*1,2,3");
-    EXPECT_EQ(buffer(), "*1,2,3");
-    EXPECT_EQ(field(0), "");
-    EXPECT_EQ(ws.rt.Glink_countdown, 9);
-    parse(",4\r");
-    EXPECT_EQ(field(0), "1");
-    EXPECT_EQ(field(3), "4");
     EXPECT_TRUE(buffer().isEmpty());
-}
-
-TEST_F(ParserPacket, TextBeforeTheStarGoesWithThePacket) {
-    parse("noise\r\nmore noise *A,B\r\ntail");
-    EXPECT_EQ(field(0), "A");
-    EXPECT_EQ(buffer(), "\ntail");
 }
 
 TEST_F(ParserPacket, DepthOutOfRangeKeepsTheLastGoodDepth) {
@@ -111,7 +104,7 @@ TEST_F(ParserPacket, SixtyOneFieldsAreTakenSixtyTwoFailTheParse) {
     EXPECT_EQ(field(0), "SNY");
 }
 
-TEST_F(ParserPacket, TwoPacketsInOneReadAreParsedOnTwoTicks) {
+TEST_F(ParserPacket, TheIntakeTickTakesOnePacketATimeAndHoldsTextWhileBusyOrInTransfer) {
     ws.rt.Garrival_buffer = Packet({{0, "FIRST"}}) + Packet({{0, "SECOND"}});
     acq::tmrDataArrival_Timer(ws);
     EXPECT_EQ(field(0), "FIRST");
@@ -120,30 +113,19 @@ TEST_F(ParserPacket, TwoPacketsInOneReadAreParsedOnTwoTicks) {
     acq::tmrDataArrival_Timer(ws);
     EXPECT_EQ(field(0), "SECOND");
     EXPECT_EQ(buffer(), "\n");
-}
 
-TEST_F(ParserPacket, IntakeLeavesTextAloneWhileTheParserIsBusyOrATransferRuns) {
     ws.rt.Gparse_busy = true;
     ws.rt.Garrival_buffer = Packet({{0, "HELD"}});
     acq::tmrDataArrival_Timer(ws);
     EXPECT_EQ(ws.rt.Garrival_buffer, Packet({{0, "HELD"}}));
-    EXPECT_TRUE(buffer().isEmpty());
+    EXPECT_EQ(buffer(), "\n");
     ws.rt.Gparse_busy = false;
 
     ws.rt.Gtransfer_active = true;
     acq::tmrDataArrival_Timer(ws);
     EXPECT_TRUE(ws.rt.Garrival_buffer.isEmpty());
     EXPECT_EQ(ws.rt.Gtransfer_buffer, Packet({{0, "HELD"}}));
-    EXPECT_NE(field(0), "HELD");
-}
-
-TEST_F(ParserPacket, TheAlarmNumberFollowsField20) {
-    parse(Packet({{20, "5 12 "}}));
-    EXPECT_EQ(ws.rt.Glast_alarm_number, 5);
-    parse(Packet({{20, "0 "}}));
-    EXPECT_EQ(ws.rt.Glast_alarm_number, 0);
-    parse(Packet({{20, "255"}}));
-    EXPECT_EQ(ws.rt.Glast_alarm_number, 255);
+    EXPECT_EQ(field(0), "SECOND");
 }
 
 TEST_F(ParserPacket, LocalWitsReplacesDepthAndRatesOnlyWhileItIsUp) {
@@ -165,6 +147,10 @@ TEST_F(ParserPacket, LocalWitsReplacesDepthAndRatesOnlyWhileItIsUp) {
     ws.rt.Gwits_alive = 30;
     parse(Packet({{3, "1001"}}));
     EXPECT_EQ(field(3), "1001");
+    // The display applies the override again to what the packet left.
+    ws.fm_WITS.ck_Use_Local_WITS.setChecked(true);
+    acq::fill_vis_fields(ws);
+    EXPECT_EQ(ws.more_data.lbl_DrillDepth.caption(), "2345.5");
 }
 
 } // namespace

@@ -55,14 +55,6 @@ class ParserSaving : public AcqTest {
     }
 };
 
-TEST_F(ParserSaving, WithoutWitsEveryPacketIsSavedAtItsLine) {
-    ws.rt.Gwits_alive = 0;
-    parse(Numbered(1));
-    parse(Numbered(2));
-    EXPECT_EQ(packets(), "1 2");
-    EXPECT_EQ(value("SELECT DEPTH FROM OMBRI_DB_010 WHERE PACKET_NUM = 2"), "1002.0");
-}
-
 TEST_F(ParserSaving, RelayedWitsSavesThePacketWhenTheBlockArrives) {
     ws.rt.Gwits_alive = 0;
     parse(Numbered(1)); // WITS down: saved at once
@@ -105,11 +97,12 @@ TEST_F(ParserSaving, LocalWitsSavesAtThePacketWithTheWitsDepth) {
     EXPECT_EQ(value("SELECT DEPTH FROM OMBRI_DB_010"), "7777.5");
 }
 
-TEST_F(ParserSaving, AChangedAlarmReachesTheErrorLogThroughTheSavedRow) {
+TEST_F(ParserSaving, WithoutWitsEachPacketIsSavedAtItsLineAndAChangedAlarmReachesTheLog) {
     parse(Numbered(1, "5 12 "));
     parse(Numbered(2, "5 12 "));
     parse(Numbered(3, "0 "));
-    EXPECT_EQ(rows(), 3);
+    EXPECT_EQ(packets(), "1 2 3");
+    EXPECT_EQ(value("SELECT DEPTH FROM OMBRI_DB_010 WHERE PACKET_NUM = 2"), "1002.0");
     const QString log = folder.read("ERR_LOG.TXT");
     EXPECT_EQ(log.count("HIGH SAMPLE FLOW RATE / HIGH GAS UNITS / \r\n"), 1) << log.toStdString();
     EXPECT_EQ(ws.rt.Glast_alarm_text, "0 ");

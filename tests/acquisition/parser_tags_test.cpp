@@ -12,6 +12,11 @@ namespace {
 class ParserTags : public AcqTest {};
 
 TEST_F(ParserTags, BannerFindsTheDetectorAndThrowsTheWholeBufferAway) {
+    // TCPCONNECT without a socket to answer on only clears.
+    parse("TCPCONNECT\r\n");
+    EXPECT_TRUE(buffer().isEmpty());
+    EXPECT_FALSE(ws.rt.Gdetector_found);
+
     ws.rt.Gombri_data_array[0] = "old";
     parse("KETTLEWICK GAS DETECTOR V3\r\n" + Packet({{0, "SN9"}}));
     EXPECT_TRUE(ws.rt.Gdetector_found);
@@ -21,26 +26,6 @@ TEST_F(ParserTags, BannerFindsTheDetectorAndThrowsTheWholeBufferAway) {
     EXPECT_EQ(field(0), "old");
     EXPECT_EQ(ws.rt.Glink_countdown, 5);
     EXPECT_FALSE(ws.rt.Gparse_busy);
-}
-
-TEST_F(ParserTags, TcpConnectWithoutASocketOnlyClears) {
-    parse("TCPCONNECT\r\n");
-    EXPECT_TRUE(buffer().isEmpty());
-    EXPECT_FALSE(ws.rt.Gdetector_found);
-}
-
-TEST_F(ParserTags, DrillDepthAndJobNumberGoToTheSetupBoxes) {
-    parse("DRILL DEPTH IS: 1234.50 FT\r\nmore");
-    EXPECT_EQ(ws.fm_setup.txt_data[0].text(), "1234.5");
-    EXPECT_TRUE(buffer().isEmpty());
-
-    parse("JOB NUM 0042x\r\n");
-    EXPECT_EQ(ws.fm_setup.txt_data[7].text(), "42");
-    EXPECT_TRUE(buffer().isEmpty());
-
-    // No digits after the tag read as 0.
-    parse("JOB NUM ?\r\n");
-    EXPECT_EQ(ws.fm_setup.txt_data[7].text(), "0");
 }
 
 TEST_F(ParserTags, TimingSetCutsOnlyTheFirstThreeCharactersOfEveryTag) {
@@ -120,36 +105,22 @@ TEST_F(ParserTags, TwoWayAndOutputOnlySetTheSecureButton) {
     EXPECT_EQ(buffer(), "rest[TWO WAY]");
 }
 
-TEST_F(ParserTags, RegisterRepliesFillTheirBoxesAndOthersAreDropped) {
+TEST_F(ParserTags, RepliesFillTheirSetupBoxesAndTakeTheWholeBuffer) {
     auto& d = ws.fm_setup.txt_data;
     for (auto& box : d) box.setText("-");
-    // A tie rounds to the even number; register 53 is shown in hundreds.
-    const struct {
-        const char* reply;
-        int box;
-        const char* shown;
-    } replies[] = {{"Reg 25 = 7", 1, "7"},     {"Reg 29 = 2.5", 2, "2"}, {"Reg 30 = 3.5", 3, "4"},
-                   {"Reg 34 = 120", 4, "120"}, {"Reg 45 = 0", 5, "0"},   {"Reg 53 = 7", 6, "700"}};
-    for (const auto& r : replies) {
-        parse(QString(r.reply) + "\r\n");
-        EXPECT_EQ(d[r.box].text(), r.shown) << r.reply;
-    }
-    EXPECT_TRUE(buffer().isEmpty());
-
     // Unknown registers, short or long numbers alike, change nothing.
-    parse("Reg 100 = 7\r\n");
-    parse("Reg 26 = 9\r\n");
-    const QStringList expected = {"-", "7", "2", "4", "120", "0", "700", "-", "-", "-"};
+    for (const char* reply : {"DRILL DEPTH IS: 1234.50 FT", "JOB NUM 0042x", "Reg 25 = 7",
+                              "Reg 29 = 2.5", "Reg 30 = 3.5", "Reg 34 = 120", "Reg 45 = 0",
+                              "Reg 53 = 7", "Reg 100 = 7", "Reg 26 = 9"}) {
+        parse(QString(reply) + "\r\nmore");
+        EXPECT_TRUE(buffer().isEmpty()) << reply;
+    }
+    // A tie rounds to the even number; register 53 is shown in hundreds.
+    const QStringList expected = {"1234.5", "7", "2", "4", "120", "0", "700", "42", "-", "-"};
     for (int i = 0; i < 10; ++i) EXPECT_EQ(d[i].text(), expected[i]) << i;
-    EXPECT_TRUE(buffer().isEmpty());
-}
-
-TEST_F(ParserTags, APacketSharingItsBufferWithARegisterReplyIsLost) {
-    ws.rt.Gombri_data_array[0] = "old";
-    parse(Packet({{0, "SN7"}}) + "Reg 25 = 3\r\n");
-    EXPECT_EQ(ws.fm_setup.txt_data[1].text(), "3");
-    EXPECT_EQ(field(0), "old");
-    EXPECT_TRUE(buffer().isEmpty());
+    // A job number without digits reads 0.
+    parse("JOB NUM ?\r\n");
+    EXPECT_EQ(d[7].text(), "0");
 }
 
 TEST_F(ParserTags, TheSearchesRunInTheirFixedOrder) {
@@ -159,6 +130,14 @@ TEST_F(ParserTags, TheSearchesRunInTheirFixedOrder) {
     parse("Reg 25 = 7 KETTLEWICK");
     EXPECT_EQ(ws.fm_setup.txt_data[1].text(), "-");
     EXPECT_TRUE(ws.rt.Gdetector_found);
+
+    // A register reply comes before the packet and clears: the packet that
+    // shares its buffer is lost.
+    ws.rt.Gombri_data_array[0] = "old";
+    parse(Packet({{0, "SN7"}}) + "Reg 25 = 3\r\n");
+    EXPECT_EQ(ws.fm_setup.txt_data[1].text(), "3");
+    EXPECT_EQ(field(0), "old");
+    EXPECT_TRUE(buffer().isEmpty());
 
     // Uptime, packet and health line in one buffer are all handled in one
     // call, each by its own step.

@@ -1,7 +1,6 @@
 // The once-a-second supervision of tmr_refresh: WITS life, custom channels,
 // line lag, the instrument link and the chart refresh countdown.
 #include "acq_fixture.h"
-#include "pty_pair.h"
 
 #include "acquisition/timers.h"
 
@@ -79,70 +78,37 @@ TEST_F(Supervision, LineLagRunsDownOffBottomAndBackUpWhenDrilling) {
     auto& rt = ws.rt;
     rt.Gline_lag_seconds = 4;
     rt.Gline_lag_count = 4;
-    auto alive = [&] { rt.Gwits_alive = 100; };
-
-    // On bottom and pumping, count at the full length: good, green.
-    alive();
-    rt.Gwits_values[0] = 1000;
+    rt.Gwits_alive = 100; // the stream stays up through every tick here
     rt.Gwits_values[1] = 1000;
+    auto tickExpecting = [&](int count, bool ok) {
+        tick();
+        EXPECT_EQ(rt.Gline_lag_count, count);
+        EXPECT_EQ(rt.Gline_lag_ok, ok) << count;
+        EXPECT_EQ(lag().backColor(), ok ? Green : Red) << count;
+        EXPECT_EQ(lag().caption(), QString(" Line Lag %1 ").arg(count));
+    };
+    // On bottom and pumping, at the full length: good.
     rt.Gspm = 80;
-    tick();
-    EXPECT_TRUE(rt.Gline_lag_ok);
-    EXPECT_EQ(lag().backColor(), Green);
-    EXPECT_EQ(lag().caption(), " Line Lag 4 ");
-
-    // Pumps stopped and the bit 3 ft off bottom: the count runs down, and the
-    // gas stays good until it reaches 0.
+    rt.Gwits_values[0] = 1000;
+    tickExpecting(4, true);
+    // Pumps stopped and the bit 3 ft off bottom: the count runs down, the
+    // gas good until it reaches 0, where it stays.
     rt.Gspm = 0;
-    rt.Gwits_values[0] = 997; // hole - 3 >= bit: off bottom
-    for (int expect = 3; expect >= 1; --expect) {
-        alive();
-        tick();
-        EXPECT_EQ(rt.Gline_lag_count, expect);
-        EXPECT_TRUE(rt.Gline_lag_ok);
-        EXPECT_EQ(lag().backColor(), Green);
-    }
-    alive();
-    tick();
-    EXPECT_EQ(rt.Gline_lag_count, 0);
-    EXPECT_FALSE(rt.Gline_lag_ok);
-    EXPECT_EQ(lag().backColor(), Red);
-    EXPECT_EQ(lag().caption(), " Line Lag 0 ");
-    alive();
-    tick(); // stays at 0, still bad
-    EXPECT_EQ(rt.Gline_lag_count, 0);
-    EXPECT_FALSE(rt.Gline_lag_ok);
-
+    rt.Gwits_values[0] = 997;
+    for (int count : {3, 2, 1, 0, 0}) tickExpecting(count, count > 0);
     // Stopped but on bottom (2 ft off counts as on bottom): it climbs back,
-    // bad until full.
+    // bad until full, and good from the tick after.
     rt.Gwits_values[0] = 998;
-    for (int expect = 1; expect <= 3; ++expect) {
-        alive();
-        tick();
-        EXPECT_EQ(rt.Gline_lag_count, expect);
-        EXPECT_FALSE(rt.Gline_lag_ok);
-        EXPECT_EQ(lag().backColor(), Red);
-    }
-    alive();
-    tick();
-    EXPECT_EQ(rt.Gline_lag_count, 4);
-    EXPECT_FALSE(rt.Gline_lag_ok); // reached on this tick by adding
-    alive();
-    tick();
-    EXPECT_EQ(rt.Gline_lag_count, 4);
-    EXPECT_TRUE(rt.Gline_lag_ok);
-
+    for (int count : {1, 2, 3, 4}) tickExpecting(count, false);
+    tickExpecting(4, true);
     // A shorter length set meanwhile: the count comes down to it, good.
     rt.Gline_lag_seconds = 2;
-    alive();
-    tick();
-    EXPECT_EQ(rt.Gline_lag_count, 3);
-    EXPECT_TRUE(rt.Gline_lag_ok);
-    EXPECT_EQ(lag().backColor(), Green);
+    tickExpecting(3, true);
 }
 
-TEST_F(Supervision, LineLagWithoutWitsOrForcedFollowsTheOverride) {
+TEST_F(Supervision, LineLagWithoutWitsOrForcedFollowsTheOverrideWhoseButtonFlashes) {
     auto& rt = ws.rt;
+    auto& button = ws.fm_Gas_Chart.cmd_off_bottom_overide;
     rt.Gline_lag_seconds = 90;
     rt.Gline_lag_count = 12;
     rt.Gwits_alive = 0;
@@ -150,15 +116,18 @@ TEST_F(Supervision, LineLagWithoutWitsOrForcedFollowsTheOverride) {
     EXPECT_EQ(rt.Gline_lag_count, 90);
     EXPECT_TRUE(rt.Gline_lag_ok);
     EXPECT_EQ(lag().caption(), " Line Lag 90");
+    EXPECT_EQ(button.backColor(), Grey);
 
     rt.Gline_lag_count = 12;
     rt.Goff_bottom_mode = 1;
     rt.Gwits_alive = 100;
+    rt.Gflash_state = true;
     tick();
     EXPECT_FALSE(rt.Gline_lag_ok);
     EXPECT_EQ(lag().backColor(), Red);
     EXPECT_EQ(lag().caption(), " Line Lag OFF ");
     EXPECT_EQ(rt.Gline_lag_count, 12);
+    EXPECT_EQ(button.backColor(), Orange);
 
     rt.Goff_bottom_mode = 2;
     tick();
@@ -166,10 +135,10 @@ TEST_F(Supervision, LineLagWithoutWitsOrForcedFollowsTheOverride) {
     EXPECT_EQ(lag().backColor(), Green);
     EXPECT_EQ(lag().caption(), " Line Lag 90");
     EXPECT_EQ(rt.Gline_lag_count, 12); // forced on bottom does not reset it
+    EXPECT_EQ(button.backColor(), Yellow);
 
     // The disable box takes the automatic case out of the WITS rules.
     rt.Goff_bottom_mode = 0;
-    rt.Gwits_alive = 100;
     rt.Gspm = 0;
     rt.Gwits_values[0] = 100;
     rt.Gwits_values[1] = 500;
@@ -177,21 +146,7 @@ TEST_F(Supervision, LineLagWithoutWitsOrForcedFollowsTheOverride) {
     tick();
     EXPECT_EQ(rt.Gline_lag_count, 90);
     EXPECT_TRUE(rt.Gline_lag_ok);
-}
-
-TEST_F(Supervision, OffBottomButtonFlashesWhileForced) {
-    auto& b = ws.fm_Gas_Chart.cmd_off_bottom_overide;
-    ws.rt.Goff_bottom_mode = 1;
-    ws.rt.Gflash_state = true;
-    tick();
-    EXPECT_EQ(b.backColor(), Orange);
-    tick();
-    EXPECT_EQ(b.backColor(), Yellow);
-    tick();
-    EXPECT_EQ(b.backColor(), Orange);
-    ws.rt.Goff_bottom_mode = 0;
-    tick();
-    EXPECT_EQ(b.backColor(), Grey);
+    EXPECT_EQ(button.backColor(), Grey);
 }
 
 TEST_F(Supervision, FootSecondsShiftWhenTheWholeFootChanges) {
@@ -235,16 +190,20 @@ TEST_F(Supervision, RefreshCountsDownAndStartsOverAtTheSetPeriod) {
     EXPECT_EQ(rt.Grefresh_count, 29);
 }
 
-TEST_F(Supervision, FirstScanFiveSecondsAfterStartThenEvery61) {
+TEST_F(Supervision, FirstScanFiveSecondsAfterStartThenEvery61AndNoCountBelowZero) {
     auto& rt = ws.rt;
+    // The count of every caption the button is given, including those the
+    // scan itself sets on the way.
+    QStringList counts;
+    ws.fm_Gas_Chart.cmd_comm1.listen([&](const forms::Control& c, forms::Prop p) {
+        if (p == forms::Prop::Caption && c.caption().startsWith("Kettlewick Disconnected "))
+            counts << c.caption().section(' ', -1);
+    });
     ASSERT_EQ(rt.Glink_countdown, 5);
     rt.Gdetector_found = true; // not connected without an open port
-    for (int s = 4; s >= 1; --s) {
-        tick();
-        EXPECT_EQ(rt.Glink_countdown, s);
-        EXPECT_EQ(link().caption(), "Kettlewick Disconnected " + QString::number(s));
-        EXPECT_EQ(link().backColor(), Red);
-    }
+    tick(4);
+    EXPECT_EQ(counts, QStringList({"4", "3", "2", "1"}));
+    EXPECT_EQ(link().backColor(), Red);
     tick(); // the fifth second: the scan starts and the watchdog is reset
     EXPECT_EQ(rt.Glink_countdown, 61);
     EXPECT_FALSE(rt.Gdetector_found);
@@ -252,24 +211,13 @@ TEST_F(Supervision, FirstScanFiveSecondsAfterStartThenEvery61) {
     EXPECT_EQ(rt.Glink_countdown, 1);
     tick();
     EXPECT_EQ(rt.Glink_countdown, 61);
-}
-
-TEST_F(Supervision, TheCountdownInACaptionNeverGoesBelowZero) {
-    auto& rt = ws.rt;
-    // Every caption the button is given, including those the scan itself
-    // sets on the way.
-    QStringList counts;
-    ws.fm_Gas_Chart.cmd_comm1.listen([&](const forms::Control& c, forms::Prop p) {
-        if (p == forms::Prop::Caption && c.caption().startsWith("Kettlewick Disconnected "))
-            counts << c.caption().section(' ', -1);
-    });
+    // A count that stands at 0 is shown as 0 and starts over.
     rt.Glink_countdown = 0;
     tick();
     EXPECT_EQ(rt.Glink_countdown, 61);
-    for (int i = 0; i < 130; ++i) tick();
-    ASSERT_EQ(counts.size(), 131);
-    EXPECT_EQ(counts.first(), "0");
-    EXPECT_EQ(counts.count("0"), 3); // the start and two ends of the watchdog
+    ASSERT_EQ(counts.size(), 67);
+    EXPECT_EQ(counts.last(), "0");
+    EXPECT_EQ(counts.count("0"), 3);
     for (const QString& c : counts) {
         bool ok = false;
         const int n = c.toInt(&ok);
@@ -314,10 +262,7 @@ TEST_F(Supervision, TcpCaptionsShowTheStateOrTheUptime) {
 
 TEST_F(Supervision, ASerialLinkWithTheDetectorFoundShowsConnected) {
     acqtest::PtyPair pty;
-    ASSERT_TRUE(pty.start());
-    ws.ports.place(2, pty.workstationEnd());
-    ws.MSComm1.CommPort = 2;
-    ASSERT_EQ(ws.MSComm1.SetPortOpen(true), 0);
+    ASSERT_NO_FATAL_FAILURE(openSerial(pty, 2));
     ws.rt.Glink_countdown = 40;
     ws.rt.Gdetector_found = true;
     ws.rt.Guptime_percent = 0; // serial is green whatever the uptime

@@ -10,7 +10,6 @@
 #include "scripted_dialogs.h"
 
 #include <QFile>
-#include <QSet>
 #include <gtest/gtest.h>
 
 namespace cfgtest {
@@ -45,42 +44,16 @@ struct Station {
 // read-outs, the lag zones (kept in the job) and the settings that live
 // only for a run.
 inline bool NotKept(const forms::Control& c) {
-    static const QSet<QString> names = {
-        "tab_setup",
-        "txt_stats_output",
-        "txt_stats",
-        "cmb_Report_Time",
-        "txt_al_date",
-        "txt_al_time",
-        "ck_timedate",
-        "ck_alarm_on_kw_al",
-        "txt_APN_Number",
-        "txt_Percent_GU",
-        "txt_autogen_las",
-        "txt_autogenFilename",
-        "ch_autogen_wDate",
-        "txt_autogen_dir",
-        "ck_show_ins_pac",
-        "ck_disable_line_lag",
-        "txt_surface_lag",
-        "op_lag_calc_Time",
-        "op_lag_calc_Str",
-        "SSTab1",
-        "txt_Lag_Start_Depth",
-        "txt_Lag_End_Depth",
-        "txt_str_per_100ft",
-        "txt_lag_min",
-        "txt_Zone1_text",
-        "ck_Fix_ROP",
-        "txt_recalc_lag_from",
-        "txt_recalc_lag_to",
-        "txt_data",
-        "txt_Kettlewick_string",
-        "ck_always_use_SPM",
-        "wav_test",
-        "txt_oil_ind_scale",
-        "pg_sample_health",
-    };
+    static const QStringList names =
+        QString(
+            "tab_setup txt_stats_output txt_stats cmb_Report_Time txt_al_date txt_al_time "
+            "ck_timedate ck_alarm_on_kw_al txt_APN_Number txt_Percent_GU txt_autogen_las "
+            "txt_autogenFilename ch_autogen_wDate txt_autogen_dir ck_show_ins_pac "
+            "ck_disable_line_lag txt_surface_lag op_lag_calc_Time op_lag_calc_Str SSTab1 "
+            "txt_Lag_Start_Depth txt_Lag_End_Depth txt_str_per_100ft txt_lag_min txt_Zone1_text "
+            "ck_Fix_ROP txt_recalc_lag_from txt_recalc_lag_to txt_data txt_Kettlewick_string "
+            "ck_always_use_SPM wav_test txt_oil_ind_scale pg_sample_health")
+            .split(' ');
     const QString& n = c.name();
     return names.contains(n) || n.startsWith("cmd_") || n.startsWith("lbl_") || n.startsWith("fr_");
 }
@@ -138,15 +111,12 @@ inline void SetEverythingOffDefault(Workstation& ws) {
     s.Zoom = 4;
     s.MenuX = 2400;
     s.MenuY = 360;
-    s.ColorC1 = 1;
-    s.ColorC2 = 2;
-    s.ColorC3 = 3;
-    s.ColorIC4 = 4;
-    s.ColorNC4 = 5;
-    s.ColorMudDenFlow = 6;
-    s.ColorMudDensity = 7;
-    s.ColorMudTmp = 8;
-    s.ColorMudFlow = 9;
+    // The nine curve colours 1 to 9, in the order the file keeps them.
+    using S = config::Settings;
+    long S::*const colours[] = {&S::ColorC1,         &S::ColorC2,     &S::ColorC3,
+                                &S::ColorIC4,        &S::ColorNC4,    &S::ColorMudDenFlow,
+                                &S::ColorMudDensity, &S::ColorMudTmp, &S::ColorMudFlow};
+    for (int i = 0; i < 9; ++i) s.*colours[i] = i + 1;
     s.BackgroundColor = 0x123456;
     s.Gbackground_file = "/pictures/rig.jpg";
 }
@@ -156,13 +126,9 @@ inline QStringList PanelState(const forms::Panel& p) {
     QStringList out;
     for (const forms::Control* c : p.controls())
         out << QStringLiteral("%1(%2) text=%3 value=%4 caption=%5 back=%6 fore=%7")
-                   .arg(c->name())
-                   .arg(c->index())
-                   .arg(c->text())
-                   .arg(c->value())
-                   .arg(c->caption())
-                   .arg(c->backColor())
-                   .arg(c->foreColor());
+                   .arg(c->name(), QString::number(c->index()), c->text(),
+                        QString::number(c->value()), c->caption(), QString::number(c->backColor()),
+                        QString::number(c->foreColor()));
     return out;
 }
 

@@ -10,39 +10,37 @@ using cfgtest::Station;
 
 namespace {
 
-// Rows of LagPara in zone order, each as its six values joined by blanks.
-QStringList LagRows(const QString& path) {
+// Runs one statement on the file: the rows it gives, each as its values
+// joined by blanks, or SQLite's own words when it fails.
+QStringList Sql(const QString& path, const char* sql) {
     sqlite3* db = nullptr;
-    QStringList out;
-    if (sqlite3_open_v2(path.toUtf8().constData(), &db, SQLITE_OPEN_READONLY, nullptr) !=
-        SQLITE_OK) {
-        sqlite3_close(db);
-        return {"cannot open"};
-    }
     sqlite3_stmt* st = nullptr;
-    const char* sql = "SELECT ZoneNumber, StartDepth, EndDepth, StrPer100Ft, MinPer100Ft, "
-                      "Selection FROM LagPara ORDER BY ZoneNumber";
-    if (sqlite3_prepare_v2(db, sql, -1, &st, nullptr) != SQLITE_OK) {
-        sqlite3_close(db);
-        return {"no table"};
-    }
-    while (sqlite3_step(st) == SQLITE_ROW) {
-        QStringList row;
-        for (int c = 0; c < 6; ++c) row << QString::number(sqlite3_column_double(st, c));
-        out << row.join(' ');
+    QStringList out;
+    if (sqlite3_open(path.toUtf8().constData(), &db) != SQLITE_OK ||
+        sqlite3_prepare_v2(db, sql, -1, &st, nullptr) != SQLITE_OK) {
+        out << sqlite3_errmsg(db);
+    } else {
+        int rc = SQLITE_ROW;
+        while ((rc = sqlite3_step(st)) == SQLITE_ROW) {
+            QStringList row;
+            for (int c = 0; c < sqlite3_column_count(st); ++c)
+                row << QString::number(sqlite3_column_double(st, c));
+            out << row.join(' ');
+        }
+        if (rc != SQLITE_DONE) out << sqlite3_errmsg(db);
     }
     sqlite3_finalize(st);
     sqlite3_close(db);
     return out;
 }
 
+QStringList LagRows(const QString& path) {
+    return Sql(path, "SELECT ZoneNumber, StartDepth, EndDepth, StrPer100Ft, MinPer100Ft, "
+                     "Selection FROM LagPara ORDER BY ZoneNumber");
+}
+
 void Exec(const QString& path, const char* sql) {
-    sqlite3* db = nullptr;
-    ASSERT_EQ(sqlite3_open(path.toUtf8().constData(), &db), SQLITE_OK);
-    char* msg = nullptr;
-    EXPECT_EQ(sqlite3_exec(db, sql, nullptr, nullptr, &msg), SQLITE_OK) << (msg ? msg : "");
-    sqlite3_free(msg);
-    sqlite3_close(db);
+    EXPECT_EQ(Sql(path, sql), QStringList()) << sql;
 }
 
 struct Job : Station {
@@ -81,28 +79,42 @@ TEST(LagTable, ANewFileGetsSixRowsThatLagByTimePerDepth) {
     EXPECT_EQ(p.txt_Lag_End_Depth[1].text(), "30000");
     EXPECT_EQ(p.txt_lag_min[1].text(), "0.6"); // the table's own default, not the panel's
     EXPECT_EQ(p.txt_str_per_100ft[6].text(), "110");
-    EXPECT_EQ(p.txt_Lag_Start_Depth[4].text(), "0");
     EXPECT_TRUE(p.op_lag_calc_Time.checked());
     EXPECT_FALSE(p.op_lag_calc_Str.checked());
     EXPECT_EQ(job.message(), "");
 }
 
-TEST(LagTable, AFileThatHasTheTableKeepsItsRowsWithoutAMessage) {
+TEST(LagTable, AFileThatHasTheTableKeepsItsRowsAndFewerThanSixLeaveThePanelsOthers) {
     Job job;
     store::MakeBlankJob(job.path, store::kRecordTable);
     Exec(job.path, "UPDATE LagPara SET StartDepth = 4000, StrPer100Ft = 95, Selection = 0 "
                    "WHERE ZoneNumber = 2");
+    Exec(job.path, "UPDATE LagPara SET MinPer100Ft = 2.2 WHERE ZoneNumber = 3");
+    Exec(job.path, "DELETE FROM LagPara WHERE ZoneNumber > 3");
     const QStringList before = LagRows(job.path);
     depth::CreateLagTable(job.ws);
     EXPECT_EQ(LagRows(job.path), before);
     EXPECT_EQ(job.message(), "");
     EXPECT_EQ(job.folder.read("ERR_LOG.TXT"), "");
 
+    auto& p = job.ws.fm_setup;
+    p.txt_lag_min[4].setText("9.9");
+    p.txt_Lag_Start_Depth[6].setText("12000");
     depth::ReadLagTable(job.ws);
-    EXPECT_EQ(job.ws.fm_setup.txt_Lag_Start_Depth[2].text(), "4000");
-    EXPECT_EQ(job.ws.fm_setup.txt_str_per_100ft[2].text(), "95");
+    EXPECT_EQ(p.txt_Lag_Start_Depth[2].text(), "4000");
+    EXPECT_EQ(p.txt_str_per_100ft[2].text(), "95");
+    EXPECT_EQ(p.txt_lag_min[3].text(), "2.2");
+    EXPECT_EQ(p.txt_lag_min[4].text(), "9.9");
+    EXPECT_EQ(p.txt_Lag_Start_Depth[6].text(), "12000");
+    EXPECT_EQ(p.txt_lag_min[5].text(), "1.8");
     // Zone 2 said strokes, but the last row read decides: time.
-    EXPECT_TRUE(job.ws.fm_setup.op_lag_calc_Time.checked());
+    EXPECT_TRUE(p.op_lag_calc_Time.checked());
+
+    // Written back, only the three rows there are change.
+    p.txt_lag_min[2].setText("3.3");
+    depth::WriteLagTable(job.ws);
+    EXPECT_EQ(LagRows(job.path),
+              QStringList({"1 1 30000 110 0.6 1", "2 4000 0 95 3.3 1", "3 0 0 110 2.2 1"}));
 }
 
 TEST(LagTable, ThePanelGoesBackToTheFileAndTextThatIsNoNumberIsStoredAsZero) {
@@ -132,27 +144,6 @@ TEST(LagTable, ThePanelGoesBackToTheFileAndTextThatIsNoNumberIsStoredAsZero) {
     EXPECT_EQ(other.ws.fm_setup.txt_lag_min[5].text(), "0");
     EXPECT_TRUE(other.ws.fm_setup.op_lag_calc_Str.checked());
     EXPECT_FALSE(other.ws.fm_setup.op_lag_calc_Time.checked());
-}
-
-TEST(LagTable, FewerThanSixRowsLeaveTheOtherPanelRowsAsTheyWere) {
-    Job job;
-    store::MakeBlankJob(job.path, store::kRecordTable);
-    Exec(job.path, "DELETE FROM LagPara WHERE ZoneNumber > 3");
-    Exec(job.path, "UPDATE LagPara SET MinPer100Ft = 2.2 WHERE ZoneNumber = 3");
-    auto& p = job.ws.fm_setup;
-    p.txt_lag_min[4].setText("9.9");
-    p.txt_Lag_Start_Depth[6].setText("12000");
-    depth::ReadLagTable(job.ws);
-    EXPECT_EQ(p.txt_lag_min[3].text(), "2.2");
-    EXPECT_EQ(p.txt_lag_min[4].text(), "9.9");
-    EXPECT_EQ(p.txt_Lag_Start_Depth[6].text(), "12000");
-    EXPECT_EQ(p.txt_lag_min[5].text(), "1.8");
-
-    // Written back, only the three rows there are change.
-    p.txt_lag_min[2].setText("3.3");
-    depth::WriteLagTable(job.ws);
-    EXPECT_EQ(LagRows(job.path),
-              QStringList({"1 1 30000 110 0.6 1", "2 0 0 110 3.3 1", "3 0 0 110 2.2 1"}));
 }
 
 TEST(LagTable, FailuresSayWhichRoutineAndLoseNothing) {

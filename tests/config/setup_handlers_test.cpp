@@ -4,7 +4,6 @@
 #include "acquisition/timers.h"
 #include "config/setup_handlers.h"
 #include "config_fixture.h"
-#include "text/numbers.h"
 
 #include <algorithm>
 
@@ -20,72 +19,59 @@ struct Panel : Station {
 
 } // namespace
 
-TEST(SetupScales, TextWithoutToPutsTheFallbackBackWithTheBox) {
+TEST(SetupScales, EachBoxHasItsOwnLimitsAndTextWithoutToPutsTheFallbackBack) {
     Panel t;
     t.ws.rt.Grefresh_seconds = 200;
-    t.ws.rt.Grefresh_count = 3;
-    const struct {
+    struct ScaleBox {
         forms::Control& box;
         void (*commit)(Workstation&);
+        const config::ChartScale& scale;
         const char* fallback;
-    } rows[] = {
-        {t.p.txt_gas_units, &config::txt_gas_units_Change, "0 to 300"},
-        {t.p.txt_rop_scale, &config::txt_rop_scale_Commit, "0 to 10"},
-        {t.p.txt_lag_gamma_scale, &config::txt_lag_gamma_scale_Commit, "0 to 500"},
-        {t.p.txt_oil_ind_scale, &config::txt_oil_ind_scale_Commit, "0 to 500"},
-        {t.p.txt_wits_scale, &config::txt_wits_scale_Commit, "0 to 500"},
     };
-    const config::Settings before = t.s;
+    const ScaleBox gas{t.p.txt_gas_units, &config::txt_gas_units_Change, t.s.GasScale, "0 to 300"};
+    const ScaleBox rop{t.p.txt_rop_scale, &config::txt_rop_scale_Commit, t.s.RopScale, "0 to 10"};
+    const ScaleBox gamma{t.p.txt_lag_gamma_scale, &config::txt_lag_gamma_scale_Commit,
+                         t.s.GammaScale, "0 to 500"};
+    const ScaleBox oil{t.p.txt_oil_ind_scale, &config::txt_oil_ind_scale_Commit, t.s.OilIndScale,
+                       "0 to 500"};
+    const ScaleBox wits{t.p.txt_wits_scale, &config::txt_wits_scale_Commit, t.s.WitsScale,
+                        "0 to 500"};
+    // Text without "to" is refused with a box, the box gets its fallback and
+    // the scale keeps its start values; the rest is taken within each box's
+    // own limits (the WITS scale's whole numbers, a tie to the even one), and
+    // no box rewrites what was typed.
+    const struct {
+        const ScaleBox& b;
+        const char* typed;
+        double min, max;
+    } rows[] = {{gas, "100-500", 0, 150},        {rop, "100-500", 0, 10},
+                {gamma, "100-500", 0, 100},      {oil, "100-500", 0, 100},
+                {wits, "100-500", 0, 500},       {gas, "-3 to 20000", 0, 10000},
+                {gas, "10 to 0.2", 10, 1},       {rop, "0 to 20000", 0.1, 600},
+                {rop, "2 to 10000", 2, 10000},   {gamma, "0 to 20000", 0.1, 10000},
+                {oil, "-5 to 20000", -5, 20000}, {wits, "-3.6 to 2.5", 0, 2},
+                {wits, "7.5 to 1000.7", 8, 1001}};
     for (const auto& r : rows) {
-        r.box.setText("100-500");
+        const bool refused = !QString(r.typed).contains("to");
+        r.b.box.setText(r.typed);
         t.dialogs.boxes.clear();
-        r.commit(t.ws);
-        EXPECT_EQ(r.box.text(), r.fallback) << r.box.name().toStdString();
+        t.ws.rt.Grefresh_count = 3;
+        r.b.commit(t.ws);
+        EXPECT_EQ(r.b.scale.ScaleMin, r.min) << r.typed;
+        EXPECT_EQ(r.b.scale.ScaleMax, r.max) << r.typed;
+        EXPECT_EQ(r.b.box.text(), refused ? r.b.fallback : r.typed);
+        EXPECT_EQ(t.ws.rt.Grefresh_count, 200);
+        if (!refused) {
+            EXPECT_TRUE(t.dialogs.boxes.empty());
+            if (&r.b == &gas) {
+                EXPECT_EQ(t.s.CValueScale.ScaleMax, r.max);
+            }
+            continue;
+        }
         ASSERT_EQ(t.dialogs.boxes.size(), 1u);
         EXPECT_EQ(t.dialogs.boxes[0].title, "SCALE SET ERROR");
         EXPECT_EQ(t.dialogs.boxes[0].text,
                   "You must use the word \"to\" to seperate the two numbers");
-        EXPECT_EQ(t.ws.rt.Grefresh_count, 200);
-    }
-    // Nothing took the text that was refused.
-    EXPECT_EQ(t.s.GasScale.ScaleMax, before.GasScale.ScaleMax);
-    EXPECT_EQ(t.s.RopScale.ScaleMax, before.RopScale.ScaleMax);
-    EXPECT_EQ(t.s.WitsScale.ScaleMax, before.WitsScale.ScaleMax);
-}
-
-TEST(SetupScales, EachBoxHasItsOwnLimits) {
-    Panel t;
-    using Commit = void (*)(Workstation&);
-    const struct {
-        forms::Control& box;
-        Commit commit;
-        const char* typed;
-        const config::ChartScale& scale;
-        double min, max;
-    } rows[] = {
-        {t.p.txt_gas_units, &config::txt_gas_units_Change, "-3 to 20000", t.s.GasScale, 0, 10000},
-        {t.p.txt_gas_units, &config::txt_gas_units_Change, "10 to 0.2", t.s.GasScale, 10, 1},
-        {t.p.txt_rop_scale, &config::txt_rop_scale_Commit, "0 to 20000", t.s.RopScale, 0.1, 600},
-        {t.p.txt_rop_scale, &config::txt_rop_scale_Commit, "2 to 10000", t.s.RopScale, 2, 10000},
-        {t.p.txt_lag_gamma_scale, &config::txt_lag_gamma_scale_Commit, "0 to 20000", t.s.GammaScale,
-         0.1, 10000},
-        {t.p.txt_oil_ind_scale, &config::txt_oil_ind_scale_Commit, "-5 to 20000", t.s.OilIndScale,
-         -5, 20000},
-        // Whole numbers, a tie to the even one.
-        {t.p.txt_wits_scale, &config::txt_wits_scale_Commit, "-3.6 to 2.5", t.s.WitsScale, 0, 2},
-        {t.p.txt_wits_scale, &config::txt_wits_scale_Commit, "7.5 to 1000.7", t.s.WitsScale, 8,
-         1001},
-    };
-    for (const auto& r : rows) {
-        r.box.setText(r.typed);
-        r.commit(t.ws);
-        EXPECT_EQ(r.scale.ScaleMin, r.min) << r.typed;
-        EXPECT_EQ(r.scale.ScaleMax, r.max) << r.typed;
-        // No box rewrites its text.
-        EXPECT_EQ(r.box.text(), r.typed);
-        if (&r.scale == &t.s.GasScale) {
-            EXPECT_EQ(t.s.CValueScale.ScaleMax, r.max);
-        }
     }
 }
 
@@ -105,18 +91,19 @@ TEST(SetupScales, TheGasUnitsHandlerAtTheEndOfStartUpLetsTheChartDraw) {
 TEST(SetupScales, RopInchesPer100FeetOutsideItsRangeBecomesOne) {
     Panel t;
     t.ws.rt.Grefresh_seconds = 90;
-    for (const char* bad : {"0.4", "10.5", "abc", "-2"}) {
-        t.p.txt_ROP_in_per_100ft.setText(bad);
+    const struct {
+        const char* typed;
+        const char* shown;
+        double inches, twips;
+    } cases[] = {{"0.4", "1.0", 1, 14.4}, {"10.5", "1.0", 1, 14.4}, {"abc", "1.0", 1, 14.4},
+                 {"-2", "1.0", 1, 14.4},  {"0.5", "0.5", 0.5, 7.2}, {"10", "10", 10, 144},
+                 {"2.5", "2.5", 2.5, 36}};
+    for (const auto& c : cases) {
+        t.p.txt_ROP_in_per_100ft.setText(c.typed);
         config::txt_ROP_in_per_100ft_Commit(t.ws);
-        EXPECT_EQ(t.p.txt_ROP_in_per_100ft.text(), "1.0") << bad;
-        EXPECT_DOUBLE_EQ(t.s.RopTwipsPerFoot, 14.4);
-    }
-    for (const char* good : {"0.5", "10", "2.5"}) {
-        t.p.txt_ROP_in_per_100ft.setText(good);
-        config::txt_ROP_in_per_100ft_Commit(t.ws);
-        EXPECT_EQ(t.p.txt_ROP_in_per_100ft.text(), good);
-        EXPECT_DOUBLE_EQ(t.s.RopTwipsPerFoot, 14.4 * text::Val(QString(good)));
-        EXPECT_DOUBLE_EQ(t.s.RopInchesPer100Ft, text::Val(QString(good)));
+        EXPECT_EQ(t.p.txt_ROP_in_per_100ft.text(), c.shown) << c.typed;
+        EXPECT_DOUBLE_EQ(t.s.RopInchesPer100Ft, c.inches) << c.typed;
+        EXPECT_DOUBLE_EQ(t.s.RopTwipsPerFoot, c.twips) << c.typed;
     }
     EXPECT_EQ(t.ws.rt.Grefresh_count, 90);
 }
@@ -165,19 +152,17 @@ TEST(SetupLineLag, TheBoxShowsOneWhileTheVariableKeepsWhatWasTyped) {
 TEST(SetupWords, MetricSwitchesTheViewerWordsAndNoNumber) {
     Panel t;
     t.ws.more_data.lbl_DrillDepth.setCaption("1234.5");
+    const auto& depthFrame = t.ws.more_data.frameOf("lbl_DrillDepth");
     t.p.ck_metric.setValue(1);
     config::ck_metric_Click(t.ws);
-    EXPECT_EQ(t.ws.more_data.frameOf("lbl_DrillDepth").caption(), "Drill Depth In Meters");
+    EXPECT_EQ(depthFrame.caption(), "Drill Depth In Meters");
     EXPECT_EQ(t.ws.more_data.frameOf("lbl_DrilRateFH").caption(), "ROP Met/Hr");
-    EXPECT_EQ(t.ws.more_data.frameOf("lbl_DrilRateMF").caption(), "ROP Minutes Per Meter");
     EXPECT_EQ(t.p.ck_drill_off.caption(),
               "Drill Off / Drilling Break\r\nNumber Of Meters With Less Than ROP Value");
     EXPECT_EQ(t.ws.more_data.lbl_DrillDepth.caption(), "1234.5");
     t.p.ck_metric.setValue(0);
     config::ck_metric_Click(t.ws);
-    EXPECT_EQ(t.ws.more_data.frameOf("lbl_DrillDepth").caption(), "Drill Depth In Feet");
-    EXPECT_EQ(t.ws.more_data.frameOf("lbl_DrilRateFH").caption(), "ROP Ft/Hr");
-    EXPECT_EQ(t.ws.more_data.frameOf("lbl_DrilRateMF").caption(), "ROP Minutes Per Foot");
+    EXPECT_EQ(depthFrame.caption(), "Drill Depth In Feet");
     EXPECT_TRUE(t.p.ck_drill_off.caption().endsWith("Number Of Feet With Less Than ROP Value"));
 }
 

@@ -34,6 +34,10 @@ TEST(ConfigAtStartUp, TheRunScriptsLinesSelectTheSimulatorAndSurviveTheExit) {
     EXPECT_EQ(st.ws.settings.GasScale.ScaleMax, 800);
     EXPECT_EQ(st.ws.fm_setup.txt_gas_units.text(), "0 to 800");
     EXPECT_TRUE(st.ws.fm_setup.ck_rop.checked());
+    // Paths the file does not name: the start-up's statistics file under
+    // DB_CUE, and the autogen folder, never kept, the program folder.
+    EXPECT_EQ(st.ws.fm_setup.txt_stats_filename.text(), st.folder.file("DB_CUE/AUTOTALLY.TXT"));
+    EXPECT_EQ(st.ws.fm_setup.txt_autogen_dir.text(), st.folder.path());
 
     // The exit writes the file before it asks; the answer No keeps running.
     st.dialogs.answers.push_back(platform::Answer::No);
