@@ -68,6 +68,13 @@ class JobTest : public ::testing::Test {
         ws.fm_setup.op_lag_calc_Time.setValue(1 - strokes);
         depth::tmr_lag_calc_Timer(ws);
     }
+    void wholePass() { depth::RecalculateLag(ws, 0, 0, 0); }
+    // A whole-file pass by strokes, zone 1 set to per100 strokes a 100 ft if given.
+    void strokesPass(const char* per100 = nullptr) {
+        if (per100) ws.fm_setup.txt_str_per_100ft[1].setText(per100);
+        byStrokes();
+        wholePass();
+    }
 
     // One packet through the record writer, six seconds after the last.
     void save(const Packet& p) {
@@ -118,6 +125,14 @@ class JobTest : public ::testing::Test {
     static std::optional<double> num(const store::Variant& v) {
         if (v.isNull()) return std::nullopt;
         return v.toDouble();
+    }
+    // A column's value in record i (from 0).
+    std::optional<double> at(const char* name, int i) const { return num(column(name)[i]); }
+    // How many records have a lag depth.
+    int lagged() const {
+        int n = 0;
+        for (const auto& v : column("LAG_GU")) n += v.isNull() ? 0 : 1;
+        return n;
     }
     // How many times a message went to the error log.
     int logged(const QString& text) const {

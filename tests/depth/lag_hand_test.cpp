@@ -4,9 +4,8 @@
 // source exactly.
 #include "job_fixture.h"
 
-#include "text/numbers.h"
+#include <functional>
 
-using depthtest::At;
 using depthtest::JobTest;
 using depthtest::Packet;
 
@@ -16,23 +15,51 @@ double MinFtOf(int i) {
     return 1 + i / 100.0;
 }
 
+class HandJob : public JobTest {
+  protected:
+    std::function<double(int)> depthOf;
+
+    // 300 records, record i at depthOf(i), bad gas where bad says.
+    void drill(const std::function<bool(int)>& bad) {
+        for (int i = 0; i < 300; ++i) {
+            Packet p;
+            p.depth = depthOf(i);
+            p.minFt = MinFtOf(i);
+            p.badGas = bad(i);
+            save(p);
+        }
+    }
+    // Records up to lastBare keep no lag; every later one names its source.
+    void expectSources(int lastBare, const std::function<int(int)>& sourceOf) {
+        const auto lag = column("LAG_GU");
+        const auto data1 = column("DATA1");
+        ASSERT_EQ(lag.size(), 300u);
+        for (int i = 0; i < 300; ++i) {
+            SCOPED_TRACE(i);
+            if (i <= lastBare) {
+                EXPECT_TRUE(lag[i].isNull());
+                EXPECT_TRUE(data1[i].isNull());
+                continue;
+            }
+            const int source = sourceOf(i);
+            ASSERT_TRUE(num(lag[i]) && num(data1[i]));
+            EXPECT_NEAR(*num(lag[i]), depthOf(source), 1e-9);
+            EXPECT_NEAR(*num(data1[i]), MinFtOf(source), 1e-9);
+        }
+    }
+};
+
 } // namespace
 
-TEST_F(JobTest, StrokesPassByHand) {
+TEST_F(HandJob, StrokesPassByHand) {
     // 300 records, pumps at 100 strokes a minute: each record adds 10, so
     // record i holds TOTAL_STROKES 10 (i + 1). Records 0 to 149 are at
     // 1000 ft, 150 to 299 at 1010 ft. One zone: 110 strokes per 100 ft, 1.1 a
     // foot. Record 100 has bad gas (never a source); record 250 too (lagged
     // all the same).
-    for (int i = 0; i < 300; ++i) {
-        Packet p;
-        p.depth = i < 150 ? 1000 : 1010;
-        p.minFt = MinFtOf(i);
-        p.badGas = i == 100 || i == 250;
-        save(p);
-    }
-    byStrokes();
-    depth::RecalculateLag(ws, 0, 0, 0);
+    depthOf = [](int i) { return i < 150 ? 1000.0 : 1010.0; };
+    drill([](int i) { return i == 100 || i == 250; });
+    strokesPass();
 
     // Work record 299: target = 3000 - 1010 x 1.1 = 1889. The newest record
     // at or below it is 187 (1880). The next search starts one below the
@@ -43,46 +70,26 @@ TEST_F(JobTest, StrokesPassByHand) {
     // At 1000 ft the target is 10 (i + 1) - 1100, whose own source i - 110
     // lies above where the search starts, so i - 113 holds on down. Record
     // 113 finds record 0, the start of the table: the pass leaves without
-    // writing 113, and 0 to 113 keep no lag.
-    const auto lag = column("LAG_GU");
-    const auto data1 = column("DATA1");
-    ASSERT_EQ(lag.size(), 300u);
-    for (int i = 0; i < 300; ++i) {
-        SCOPED_TRACE(i);
-        if (i <= 113) {
-            EXPECT_TRUE(lag[i].isNull());
-            EXPECT_TRUE(data1[i].isNull());
-            continue;
-        }
-        const int source = i >= 213 ? i - 112 : i - 113;
-        // Sources from 150 up are at 1010 ft: work records 262 and up.
-        EXPECT_EQ(num(lag[i]), source >= 150 ? 1010 : 1000);
-        ASSERT_TRUE(num(data1[i]));
-        EXPECT_NEAR(*num(data1[i]), MinFtOf(source), 1e-9);
-    }
+    // writing 113, and 0 to 113 keep no lag. Sources from 150 up, at
+    // 1010 ft, are those of work records 262 and up.
+    expectSources(113, [](int i) { return i >= 213 ? i - 112 : i - 113; });
     // The newest record's source is what the instrument is told.
     EXPECT_EQ(ws.rt.Glag_depth_now, 1010);
     EXPECT_EQ(ws.more_data.lbl_current_lag_depth.caption(), "1010.0");
-    EXPECT_FALSE(ws.rt.Gdb_busy);
     EXPECT_FALSE(ws.rt.Gdb_error);
 }
 
-TEST_F(JobTest, TimePassByHand) {
+TEST_F(HandJob, TimePassByHand) {
     // 300 records, record i at 160 + i / 20 ft (160.00 to 174.95). One zone:
     // 6.25 minutes per 100 ft, 0.0625 a foot: 10 minutes and a fraction at
     // every depth here, so 10 whole minutes, 100 records, with WITS up (no
     // line lag added). Record 150 has bad gas.
-    for (int i = 0; i < 300; ++i) {
-        Packet p;
-        p.depth = 160 + i / 20.0;
-        p.minFt = MinFtOf(i);
-        p.badGas = i == 150;
-        save(p);
-    }
+    depthOf = [](int i) { return 160 + i / 20.0; };
+    drill([](int i) { return i == 150; });
     ws.fm_setup.txt_lag_min[1].setText("6.25");
     byTime();
     ws.rt.Gwits_alive = 30;
-    depth::RecalculateLag(ws, 0, 0, 0);
+    wholePass();
 
     // The zone is looked at every 75 records (a random draw fixed at one
     // half of 150): at work records 299, 224 and 149. Each look walks back
@@ -97,7 +104,7 @@ TEST_F(JobTest, TimePassByHand) {
     //    source of 151 plus one... 51, where 151 had 51 too.
     //  - 149 (a look): the walk 149 to 50 has no bad gas: source 49.
     //  - 100 finds record 0: the pass ends without writing it.
-    auto sourceOf = [](int w) {
+    expectSources(100, [](int w) {
         switch (w) {
         case 250:
             return 149;
@@ -109,21 +116,7 @@ TEST_F(JobTest, TimePassByHand) {
         default:
             return w - 100;
         }
-    };
-    const auto lag = column("LAG_GU");
-    const auto data1 = column("DATA1");
-    ASSERT_EQ(lag.size(), 300u);
-    for (int i = 0; i < 300; ++i) {
-        SCOPED_TRACE(i);
-        if (i <= 100) {
-            EXPECT_TRUE(lag[i].isNull());
-            continue;
-        }
-        const int source = sourceOf(i);
-        ASSERT_TRUE(num(lag[i]));
-        EXPECT_NEAR(*num(lag[i]), 160 + source / 20.0, 1e-9);
-        EXPECT_NEAR(*num(data1[i]), MinFtOf(source), 1e-9);
-    }
+    });
     EXPECT_NEAR(ws.rt.Glag_depth_now, 160 + 199 / 20.0, 1e-9);
     // 169.95 shown with one decimal: a tie, away from zero.
     EXPECT_EQ(ws.more_data.lbl_current_lag_depth.caption(), "170.0");

@@ -4,62 +4,54 @@
 using depthtest::At;
 using depthtest::JobTest;
 
-namespace {
-
-int CountLagged(const std::vector<store::Variant>& lag) {
-    int n = 0;
-    for (const auto& v : lag) n += v.isNull() ? 0 : 1;
-    return n;
-}
-
-} // namespace
-
 TEST_F(JobTest, PassesThatLagNothing) {
     byStrokes();
-    depth::RecalculateLag(ws, 0, 0, 0);
+    wholePass();
     EXPECT_FALSE(ws.rt.Gdb_error) << "an empty job has nothing to lag";
 
     // No strokes at all: no record is lagged and the lag depth stands.
     for (int i = 0; i < 50; ++i) save(At(500 + i * 0.1).pumps(0));
     ws.rt.Glag_depth_now = 777;
-    depth::RecalculateLag(ws, 0, 0, 0);
-    EXPECT_EQ(CountLagged(column("LAG_GU")), 0);
+    wholePass();
+    EXPECT_EQ(lagged(), 0);
     EXPECT_EQ(ws.rt.Glag_depth_now, 777);
 
     // 10000 ft at 1.1 strokes a foot needs 11000 strokes; the newest record
     // has 5000: target -6000, nothing from the hole is up yet.
     ws.rt.Gtotal_strokes = 4970;
     for (int i = 0; i < 3; ++i) save(At(10000));
-    depth::RecalculateLag(ws, 0, 0, 0);
+    wholePass();
     EXPECT_EQ(column("TOTAL_STROKES").back().toDouble(), 5000);
-    EXPECT_EQ(CountLagged(column("LAG_GU")), 0);
+    EXPECT_EQ(lagged(), 0);
     EXPECT_EQ(ws.rt.Glag_depth_now, 0);
-    EXPECT_EQ(ws.more_data.lbl_current_lag_depth.caption(), "0.0");
     EXPECT_FALSE(ws.rt.Gdb_error);
 
     // A job that is not there is reported.
     ws.fm_Gas_Chart.txt_db_path.setText(folder.file("GONE.db"));
-    depth::RecalculateLag(ws, 0, 0, 0);
+    wholePass();
     EXPECT_EQ(logged("Recalculate Lag Err: "), 1);
     EXPECT_TRUE(ws.rt.Gdb_error);
     EXPECT_FALSE(ws.rt.Gdb_busy);
 }
 
-TEST_F(JobTest, WithNoLagEveryRecordIsItsOwnSourceButTheFirst) {
+TEST_F(JobTest, WithNoLagEveryRecordButTheFirstIsItsOwnSourceAndClearingZeroesAll) {
     // A zone of 0 strokes: every target is the record's own count, so the
     // search stops where it starts. The first record still gets nothing:
-    // the pass leaves as soon as its source is the first record.
-    for (int i = 0; i < 20; ++i) save(At(300 + i).rate(2 + i));
-    ws.fm_setup.txt_str_per_100ft[1].setText("0");
-    byStrokes();
-    depth::RecalculateLag(ws, 0, 0, 0);
+    // the pass leaves as soon as its source is the first record. 900
+    // records: the clearing takes more than one batch.
+    for (int i = 0; i < 900; ++i) save(At(300 + i).rate(2 + i));
+    strokesPass("0");
     const auto lag = column("LAG_GU");
     const auto data1 = column("DATA1");
     EXPECT_TRUE(lag[0].isNull());
-    for (int i = 1; i < 20; ++i) {
+    for (int i = 1; i < 900; ++i) {
         EXPECT_EQ(num(lag[i]), 300 + i) << i;
         EXPECT_EQ(num(data1[i]), 2 + i) << i;
     }
+    depth::cmd_Clear_Lag_Click(ws);
+    for (const char* c : {"LAG_GU", "DATA1"})
+        for (const auto& v : column(c)) EXPECT_EQ(num(v), 0.0);
+    EXPECT_FALSE(ws.rt.Gdb_busy);
 }
 
 TEST_F(JobTest, StrokeCounterJumpsAreReportedOncePerPlaceAndOnlyOnceLagging) {
@@ -70,13 +62,10 @@ TEST_F(JobTest, StrokeCounterJumpsAreReportedOncePerPlaceAndOnlyOnceLagging) {
     for (int i = 0; i < 60; ++i) save(At(100));
     ws.rt.Gtotal_strokes = 20000;
     for (int i = 0; i < 60; ++i) save(At(100));
-    byStrokes();
-    depth::RecalculateLag(ws, 0, 0, 0);
-    const QString jump = "Sudden Strokes counter change\r\nRecalculate lag for whole DB to fix";
-    EXPECT_EQ(logged(jump), 1);
-    EXPECT_EQ(ws.fm_Gas_Chart.txt_message.text().count(jump), 1);
+    strokesPass();
+    EXPECT_EQ(logged("Sudden Strokes counter change\r\nRecalculate lag for whole DB to fix"), 1);
     // The pass went on past the jump.
-    EXPECT_EQ(num(column("LAG_GU")[59]), 100);
+    EXPECT_EQ(at("LAG_GU", 59), 100);
     EXPECT_FALSE(ws.rt.Gdb_error);
 }
 
@@ -91,9 +80,7 @@ TEST_F(JobTest, TheSearchStopsAtACounterJumpFromWhereItStarted) {
     ws.rt.Gtotal_strokes = 0;
     for (; n < 80; ++n) save(At(100).rate(n).pumps(0));
     for (; n < 140; ++n) save(At(100).rate(n));
-    ws.fm_setup.txt_str_per_100ft[1].setText("125");
-    byStrokes();
-    depth::RecalculateLag(ws, 0, 0, 0);
+    strokesPass("125");
     const auto data1 = column("DATA1");
     // Record 80 + k counts 10 (k + 1). Work record 139: 600 - 125 = 475,
     // source 126; each record before takes the one before: w - 13.
@@ -112,15 +99,13 @@ TEST_F(JobTest, DepthJumpsOfMoreThanAHundredFeetAreReportedAtTheWorkRecordsDepth
     // 0-199 at 1000 ft, 200-399 at 1100 (exactly 100 ft: no jump), 400-599
     // at 1200.5 (100.5 ft above 1100: a jump, seen at work record 399).
     ws.rt.Gtotal_strokes = 10000;
-    for (int i = 0; i < 200; ++i) save(At(1000));
-    for (int i = 0; i < 200; ++i) save(At(1100));
-    for (int i = 0; i < 200; ++i) save(At(1200.5));
-    byStrokes();
-    depth::RecalculateLag(ws, 0, 0, 0);
+    for (double d : {1000.0, 1100.0, 1200.5})
+        for (int i = 0; i < 200; ++i) save(At(d));
+    strokesPass();
     EXPECT_EQ(logged("Sudden depth change at "), 1);
     EXPECT_EQ(logged("Sudden depth change at 1100"), 1);
     // The pass went on past the jump, down to the 1000 ft records.
-    EXPECT_EQ(num(column("LAG_GU")[199]), 1000);
+    EXPECT_EQ(at("LAG_GU", 199), 1000);
 }
 
 TEST_F(JobTest, ANewFootTickEntersWithItsSignAndReportsTwice) {
@@ -129,15 +114,13 @@ TEST_F(JobTest, ANewFootTickEntersWithItsSignAndReportsTwice) {
     // restarts at the work record before it (181), which it takes.
     ws.rt.Gtotal_strokes = 5000;
     for (int i = 0; i < 200; ++i) save(At(i == 180 ? -1000.0 : 1000.0));
-    byStrokes();
-    depth::RecalculateLag(ws, 0, 0, 0);
+    strokesPass();
     EXPECT_EQ(logged("Sudden depth change at -1000"), 1);
     EXPECT_EQ(logged("Sudden depth change at 1000"), 1);
     const auto lag = column("LAG_GU");
     EXPECT_EQ(num(lag[180]), 1000);
     // Beyond the tick the pass goes on as before: lag 1100 strokes.
     EXPECT_EQ(num(lag[179]), 1000);
-    EXPECT_FALSE(num(lag[0]));
     EXPECT_FALSE(ws.rt.Gdb_error);
 }
 
@@ -171,22 +154,20 @@ TEST_F(JobTest, TheRoutinePassLagsTheNewest400QuietlyAndTheTimerStandsBack) {
     for (int i = 0; i < 600; ++i) save(At(2000 + i * 0.05));
     ws.fm_setup.txt_str_per_100ft[1].setText("1");
     byStrokes();
+    // Refresh paused, then the file busy: no pass either time.
     ws.rt.Grefresh_paused = true;
     depth::tmr_recalc_lag_Timer(ws);
-    EXPECT_EQ(CountLagged(column("LAG_GU")), 0) << "refresh paused: no pass";
-
     ws.rt.Grefresh_paused = false;
     ws.rt.Gdb_busy = true;
     depth::tmr_recalc_lag_Timer(ws);
-    EXPECT_EQ(CountLagged(column("LAG_GU")), 0) << "the file is busy: no pass";
+    EXPECT_EQ(lagged(), 0);
     EXPECT_TRUE(ws.rt.Gdb_busy);
 
     ws.rt.Gdb_busy = false;
     depth::tmr_recalc_lag_Timer(ws);
-    const auto lag = column("LAG_GU");
-    EXPECT_EQ(CountLagged(lag), 400);
-    EXPECT_TRUE(lag[199].isNull());
-    EXPECT_FALSE(lag[200].isNull());
+    EXPECT_EQ(lagged(), 400);
+    EXPECT_TRUE(column("LAG_GU")[199].isNull());
+    EXPECT_TRUE(at("LAG_GU", 200));
     // The routine pass never shows the information box.
     EXPECT_FALSE(ws.fm_help.form.visible());
 }
@@ -194,28 +175,12 @@ TEST_F(JobTest, TheRoutinePassLagsTheNewest400QuietlyAndTheTimerStandsBack) {
 TEST_F(JobTest, ANullDepthEndsThePassThroughItsHandlerKeepingWhatItWrote) {
     for (int i = 0; i < 120; ++i) save(At(800));
     exec("UPDATE OMBRI_DB_010 SET DEPTH = NULL WHERE PACKET_NUM = 1080");
-    ws.fm_setup.txt_str_per_100ft[1].setText("0");
-    byStrokes();
-    depth::RecalculateLag(ws, 0, 0, 0);
+    strokesPass("0");
     EXPECT_EQ(logged("Recalculate Lag Err: Invalid use of Null  Errpt: 13"), 1);
     EXPECT_TRUE(ws.rt.Gdb_error);
-    EXPECT_FALSE(ws.rt.Gdb_busy);
     EXPECT_FALSE(ws.fm_help.form.visible());
     // Records 80 to 119 were lagged before the failure and stay lagged.
-    const auto lag = column("LAG_GU");
-    EXPECT_EQ(CountLagged(lag), 40);
-    EXPECT_EQ(num(lag[80]), 800);
-    EXPECT_TRUE(lag[79].isNull());
-}
-
-TEST_F(JobTest, ClearLagZeroesEveryRecord) {
-    for (int i = 0; i < 900; ++i) save(At(300 + i * 0.1));
-    ws.fm_setup.txt_str_per_100ft[1].setText("0");
-    byStrokes();
-    depth::RecalculateLag(ws, 0, 0, 0);
-    ASSERT_EQ(CountLagged(column("LAG_GU")), 899);
-    depth::cmd_Clear_Lag_Click(ws);
-    for (const char* c : {"LAG_GU", "DATA1"})
-        for (const auto& v : column(c)) EXPECT_EQ(num(v), 0.0);
-    EXPECT_FALSE(ws.rt.Gdb_busy);
+    EXPECT_EQ(lagged(), 40);
+    EXPECT_EQ(at("LAG_GU", 80), 800);
+    EXPECT_FALSE(at("LAG_GU", 79));
 }

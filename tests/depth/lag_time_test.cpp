@@ -13,24 +13,24 @@ TEST_F(JobTest, TheLagInRecordsDropsTheFractionOfAMinuteAndAddsTheLineLagWithWit
     bulk(rows);
     byTime();
     ws.rt.Gwits_alive = 30;
-    depth::RecalculateLag(ws, 0, 0, 0);
-    EXPECT_EQ(num(column("DATA1")[1699]), 1699 - 1620);
-    EXPECT_EQ(num(column("DATA1")[1650]), 1650 - 1620);
+    wholePass();
+    EXPECT_EQ(at("DATA1", 1699), 1699 - 1620);
+    EXPECT_EQ(at("DATA1", 1650), 1650 - 1620);
 
     // 9050 ft: 162.9 minutes, the fraction dropped: still 1620.
     exec("UPDATE OMBRI_DB_010 SET DEPTH = 9050");
-    depth::RecalculateLag(ws, 0, 0, 0);
-    EXPECT_EQ(num(column("DATA1")[1699]), 1699 - 1620);
-    EXPECT_EQ(num(column("LAG_GU")[1699]), 9050);
+    wholePass();
+    EXPECT_EQ(at("DATA1", 1699), 1699 - 1620);
+    EXPECT_EQ(at("LAG_GU", 1699), 9050);
 
     // WITS down: the line lag's 120 s, 20 records, is added.
     ws.rt.Gwits_alive = 0;
-    depth::RecalculateLag(ws, 0, 0, 0);
-    EXPECT_EQ(num(column("DATA1")[1699]), 1699 - 1640);
+    wholePass();
+    EXPECT_EQ(at("DATA1", 1699), 1699 - 1640);
     // A record too close to the start for this lag keeps what the run
     // before gave it: a pass never clears.
-    EXPECT_EQ(num(column("DATA1")[1640]), 1640 - 1620);
-    EXPECT_EQ(num(column("DATA1")[1641]), 1);
+    EXPECT_EQ(at("DATA1", 1640), 1640 - 1620);
+    EXPECT_EQ(at("DATA1", 1641), 1);
 }
 
 TEST_F(JobTest, WithTheBoxTickedAWholeFileRunRewritesTheRateFromTheTimeEachFootTook) {
@@ -42,35 +42,31 @@ TEST_F(JobTest, WithTheBoxTickedAWholeFileRunRewritesTheRateFromTheTimeEachFootT
     }
     ws.fm_setup.ck_Fix_ROP.setValue(1);
     byTime();
-    depth::RecalculateLag(ws, 0, 0, 0);
+    // Only a whole-file run does it.
+    depth::RecalculateLag(ws, 400, 0, 0);
+    EXPECT_EQ(at("MIN_FT", 39), 9);
+    EXPECT_EQ(ws.fm_setup.ck_Fix_ROP.value(), 1);
+    wholePass();
     EXPECT_EQ(ws.fm_setup.ck_Fix_ROP.value(), 0) << "the box is cleared after the run";
     const auto minFt = column("MIN_FT");
     const auto ftHr = column("FT_HR");
-    // The first foot is taken as 1 min/ft, 1 ft/hr until the depth changes.
-    for (int i = 0; i < 10; ++i) {
+    // The first foot is taken as 1 min/ft, 1 ft/hr until the depth changes;
+    // then 60 s / 60 = 1 min/ft and 60 ft/hr, the tick counting by its size.
+    for (int i = 0; i < 40; ++i) {
         EXPECT_EQ(num(minFt[i]), 1) << i;
-        EXPECT_EQ(num(ftHr[i]), 1) << i;
+        EXPECT_EQ(num(ftHr[i]), i < 10 ? 1 : 60) << i;
     }
-    // Then 60 s / 60 = 1 min/ft and 60 ft/hr, the tick counting by its size.
-    for (int i = 10; i < 40; ++i) {
-        EXPECT_EQ(num(minFt[i]), 1) << i;
-        EXPECT_EQ(num(ftHr[i]), 60) << i;
-    }
-}
 
-TEST_F(JobTest, TheRatePassTakesASmallRateForAFootOfNoTime) {
-    // Two depths at the same second cannot be written through the writer
-    // (it refuses a repeated time), so this job is made through the store.
+    // A foot of no time takes a small rate. Two depths at the same second
+    // cannot be written through the writer (it refuses a repeated time), so
+    // this job is made through the store.
+    exec("DELETE FROM OMBRI_DB_010");
     bulk({RowAt(700), RowAt(701), RowAt(702)});
     exec("UPDATE OMBRI_DB_010 SET DT = '2026-11-01 06:00:00'");
     ws.fm_setup.ck_Fix_ROP.setValue(1);
-    // Only a whole-file run does it.
-    depth::RecalculateLag(ws, 400, 0, 0);
-    EXPECT_EQ(num(column("MIN_FT")[2]), 1);
-    EXPECT_EQ(ws.fm_setup.ck_Fix_ROP.value(), 1);
-    depth::RecalculateLag(ws, 0, 0, 0);
-    EXPECT_EQ(num(column("MIN_FT")[2]), 0.0001);
-    EXPECT_DOUBLE_EQ(*num(column("FT_HR")[2]), 600000);
+    wholePass();
+    EXPECT_EQ(at("MIN_FT", 2), 0.0001);
+    EXPECT_DOUBLE_EQ(*at("FT_HR", 2), 600000);
 }
 
 TEST_F(JobTest, RateRecalculationTakesEachFootsTimeFromItsHoursMinutesAndSeconds) {
@@ -82,9 +78,7 @@ TEST_F(JobTest, RateRecalculationTakesEachFootsTimeFromItsHoursMinutesAndSeconds
     // The first foot is not whole: left alone. From the first change on, each
     // record takes the rate in hand, which is the change record's own until
     // the next change (record 15, 60 s after record 5) makes it 1 min/ft.
-    for (int i = 0; i < 5; ++i) EXPECT_EQ(num(minFt[i]), 100 + i) << i;
-    for (int i = 5; i <= 15; ++i) EXPECT_EQ(num(minFt[i]), 105) << i;
-    for (int i = 16; i < 20; ++i) EXPECT_EQ(num(minFt[i]), 1) << i;
+    for (int i = 0; i < 20; ++i) EXPECT_EQ(num(minFt[i]), i < 5 ? 100 + i : i <= 15 ? 105 : 1) << i;
     EXPECT_EQ(result, 15);
     EXPECT_FALSE(ws.rt.Gdb_busy);
 }

@@ -3,12 +3,8 @@
 #include "acquisition/timers.h"
 #include "store/schema.h"
 
-#include <QCoreApplication>
 #include <QDir>
-#include <QElapsedTimer>
-#include <QFile>
 #include <QFileInfo>
-#include <QTcpServer>
 #include <QThread>
 #include <QTimer>
 #include <sqlite3.h>

@@ -22,7 +22,6 @@ namespace linktest {
 using testkit::FreePort;
 using testkit::Pump;
 using testkit::PumpUntil;
-using testkit::SimPath;
 using testkit::Simulator;
 
 class PortPair {

@@ -30,7 +30,8 @@ TEST(Reconnect, TwentyDropsLoseNothingThatWasSentWhole) {
         acq::tmr_refresh_Timer(st.ws);
         EXPECT_EQ(st.ws.rt.Guptime_percent, 0);
         EXPECT_EQ(st.ws.fm_Gas_Chart.cmd_comm1.backColor(), forms::color::Red);
-        EXPECT_TRUE(st.ws.fm_Gas_Chart.cmd_comm1.caption().endsWith(st.ws.rt.Gsock_state_text));
+        EXPECT_TRUE(
+            st.ws.fm_Gas_Chart.cmd_comm1.caption().endsWith("  " + st.ws.rt.Gsock_state_text));
         EXPECT_GT(st.ws.rt.Glink_countdown, 0);
     }
     sim.stop();
