@@ -1,11 +1,11 @@
 // When a packet becomes a row of a real job file: at the "*" line, or at the
 // "^" block behind it when WITS comes relayed by the instrument.
 #include "acq_fixture.h"
+#include "raw_db.h"
 
 #include "store/schema.h"
 
 #include <QDir>
-#include <sqlite3.h>
 
 using acqtest::AcqTest;
 using acqtest::Packet;
@@ -35,18 +35,7 @@ class ParserSaving : public AcqTest {
 
     // The first column of the first row of a query on the job, as text.
     QString value(const QString& sql) {
-        sqlite3* db = nullptr;
-        QString out;
-        if (sqlite3_open_v2(job.toUtf8().constData(), &db, SQLITE_OPEN_READONLY, nullptr) ==
-            SQLITE_OK) {
-            sqlite3_stmt* s = nullptr;
-            if (sqlite3_prepare_v2(db, sql.toUtf8().constData(), -1, &s, nullptr) == SQLITE_OK &&
-                sqlite3_step(s) == SQLITE_ROW && sqlite3_column_type(s, 0) != SQLITE_NULL)
-                out = QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(s, 0)));
-            sqlite3_finalize(s);
-        }
-        sqlite3_close(db);
-        return out;
+        return testkit::RawDb(job, testkit::RawDb::Access::ReadOnly).value(sql);
     }
     int rows() { return value("SELECT count(*) FROM OMBRI_DB_010").toInt(); }
     QString packets() {

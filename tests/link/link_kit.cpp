@@ -1,5 +1,7 @@
 #include "link_kit.h"
 
+#include "raw_db.h"
+
 #include "acquisition/timers.h"
 #include "store/schema.h"
 
@@ -7,7 +9,6 @@
 #include <QFileInfo>
 #include <QThread>
 #include <QTimer>
-#include <sqlite3.h>
 
 namespace linktest {
 
@@ -111,21 +112,8 @@ bool Station::superviseUntilAttempt() {
 }
 
 std::set<long> Station::stored() const {
-    std::set<long> out;
-    sqlite3* db = nullptr;
-    if (sqlite3_open_v2(job.toUtf8().constData(), &db, SQLITE_OPEN_READONLY, nullptr) !=
-        SQLITE_OK) {
-        sqlite3_close(db);
-        return out;
-    }
-    sqlite3_stmt* st = nullptr;
-    if (sqlite3_prepare_v2(db, "SELECT PACKET_NUM FROM OMBRI_DB_010", -1, &st, nullptr) ==
-        SQLITE_OK) {
-        while (sqlite3_step(st) == SQLITE_ROW) out.insert(long(sqlite3_column_int64(st, 0)));
-    }
-    sqlite3_finalize(st);
-    sqlite3_close(db);
-    return out;
+    return testkit::RawDb(job, testkit::RawDb::Access::ReadOnly)
+        .numbers("SELECT PACKET_NUM FROM OMBRI_DB_010");
 }
 
 bool Station::drained() {

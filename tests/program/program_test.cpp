@@ -4,6 +4,7 @@
 // pictures and words it saves of its screens and through its job file, and
 // stopped as the system stops it at shut-down.
 #include "program_folder.h"
+#include "raw_db.h"
 #include "simulator.h"
 
 #include <QDir>
@@ -14,7 +15,6 @@
 #include <QProcess>
 #include <QSet>
 #include <gtest/gtest.h>
-#include <sqlite3.h>
 
 using testkit::Simulator;
 
@@ -50,35 +50,9 @@ QMap<QString, QString> ScreenWords(const QString& file) {
 // Packet numbers from the simulator stored in the job, read as another
 // program would read them while the workstation writes.
 std::set<long> StoredFromSimulator(const QString& job) {
-    std::set<long> out;
-    sqlite3* db = nullptr;
-    if (sqlite3_open_v2(job.toUtf8().constData(), &db, SQLITE_OPEN_READONLY, nullptr) ==
-        SQLITE_OK) {
-        sqlite3_stmt* q = nullptr;
-        if (sqlite3_prepare_v2(db, "SELECT PACKET_NUM FROM OMBRI_DB_010 WHERE PACKET_NUM >= ?", -1,
-                               &q, nullptr) == SQLITE_OK) {
-            sqlite3_bind_int64(q, 1, kFirstPacket);
-            while (sqlite3_step(q) == SQLITE_ROW) out.insert(sqlite3_column_int64(q, 0));
-        }
-        sqlite3_finalize(q);
-    }
-    sqlite3_close(db);
-    return out;
-}
-
-QString IntegrityCheck(const QString& job) {
-    sqlite3* db = nullptr;
-    QString said = "cannot open";
-    if (sqlite3_open_v2(job.toUtf8().constData(), &db, SQLITE_OPEN_READONLY, nullptr) ==
-        SQLITE_OK) {
-        sqlite3_stmt* q = nullptr;
-        if (sqlite3_prepare_v2(db, "PRAGMA integrity_check", -1, &q, nullptr) == SQLITE_OK &&
-            sqlite3_step(q) == SQLITE_ROW)
-            said = QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(q, 0)));
-        sqlite3_finalize(q);
-    }
-    sqlite3_close(db);
-    return said;
+    return testkit::RawDb(job, testkit::RawDb::Access::ReadOnly)
+        .numbers(QString("SELECT PACKET_NUM FROM OMBRI_DB_010 WHERE PACKET_NUM >= %1")
+                     .arg(kFirstPacket));
 }
 
 // A picture of a screen, not an empty window: more than a handful of
@@ -168,7 +142,7 @@ TEST(Program, RunsOnTheDemoJobWithTheSimulatorShowsLiveFieldsAndClosesCleanlyWhe
     EXPECT_EQ(program.exitCode(), 0);
     sim.stop();
     EXPECT_FALSE(QFileInfo::exists(job + "-wal")) << "the job was not closed";
-    EXPECT_EQ(IntegrityCheck(job), "ok");
+    EXPECT_EQ(testkit::RawDb(job, testkit::RawDb::Access::ReadOnly).integrity(), "ok");
     const std::set<long> stored = StoredFromSimulator(job);
     for (long p : sent)
         if (!stored.count(p)) ADD_FAILURE() << "packet " << p << " was sent but not stored";

@@ -4,6 +4,7 @@
 // would have.
 
 #include "program_folder.h"
+#include "raw_db.h"
 #include "store/database.h"
 #include "store/recordset.h"
 #include "store/schema.h"
@@ -22,44 +23,7 @@ inline void MakeJob(const QString& path) {
     store::MakeBlankJob(path, store::kRecordTable);
 }
 
-// Another program's connection: plain SQLite, nothing of the store.
-class RawDb {
-  public:
-    explicit RawDb(const QString& path) {
-        sqlite3_open_v2(path.toUtf8().constData(), &db_, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE,
-                        nullptr);
-        sqlite3_busy_timeout(db_, 2000);
-    }
-    ~RawDb() { sqlite3_close(db_); }
-    RawDb(const RawDb&) = delete;
-    RawDb& operator=(const RawDb&) = delete;
-    // Runs statements; returns the engine's result code.
-    int exec(const QString& sql) {
-        return sqlite3_exec(db_, sql.toUtf8().constData(), nullptr, nullptr, nullptr);
-    }
-    // The first column of the first row as text ("" when there is none,
-    // "NULL" for a Null).
-    QString value(const QString& sql) {
-        sqlite3_stmt* s = nullptr;
-        QString out;
-        if (sqlite3_prepare_v2(db_, sql.toUtf8().constData(), -1, &s, nullptr) == SQLITE_OK &&
-            sqlite3_step(s) == SQLITE_ROW) {
-            out = sqlite3_column_type(s, 0) == SQLITE_NULL
-                      ? QStringLiteral("NULL")
-                      : QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(s, 0)));
-        }
-        sqlite3_finalize(s);
-        return out;
-    }
-    long long number(const QString& sql) { return value(sql).toLongLong(); }
-    long long rows() { return number("SELECT count(*) FROM OMBRI_DB_010"); }
-    // The packet numbers of the record table, comma separated.
-    QString packets() { return value("SELECT group_concat(PACKET_NUM) FROM OMBRI_DB_010"); }
-    sqlite3* handle() { return db_; }
-
-  private:
-    sqlite3* db_ = nullptr;
-};
+using testkit::RawDb;
 
 // Packet numbers 1 .. n, shuffled from the index `from` on when a seed is
 // given (rows written in order lie side by side in the table, shuffled ones

@@ -4,6 +4,7 @@
 #include "acquisition/startup.h"
 #include "config/config_file.h"
 #include "operator.h"
+#include "raw_db.h"
 #include "station.h"
 #include "ui/binder.h"
 #include "ui/chart_canvas.h"
@@ -23,7 +24,6 @@
 #include <QTcpSocket>
 #include <QTimer>
 #include <gtest/gtest.h>
-#include <sqlite3.h>
 
 using uitest::Station;
 
@@ -38,20 +38,7 @@ template <class F> bool waitFor(F done, int ms = 3000) {
 }
 
 QString integrity(const QString& file) {
-    sqlite3* db = nullptr;
-    if (sqlite3_open_v2(file.toUtf8().constData(), &db, SQLITE_OPEN_READONLY, nullptr) !=
-        SQLITE_OK) {
-        sqlite3_close(db);
-        return "cannot open";
-    }
-    sqlite3_stmt* st = nullptr;
-    QString result = "no answer";
-    if (sqlite3_prepare_v2(db, "PRAGMA integrity_check", -1, &st, nullptr) == SQLITE_OK &&
-        sqlite3_step(st) == SQLITE_ROW)
-        result = QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(st, 0)));
-    sqlite3_finalize(st);
-    sqlite3_close(db);
-    return result;
+    return testkit::RawDb(file, testkit::RawDb::Access::ReadOnly).integrity();
 }
 
 } // namespace
