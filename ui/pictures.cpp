@@ -16,6 +16,7 @@
 #include <QPlainTextEdit>
 #include <QSaveFile>
 #include <QScreen>
+#include <QSignalBlocker>
 #include <QTabWidget>
 
 namespace ui {
@@ -113,6 +114,9 @@ bool ScreenPictures::saveNow() {
     if (auto* setup = dynamic_cast<SetupView*>(desktop_.panel("fm_setup"))) {
         sized(setup);
         QTabWidget* tabs = setup->tabs();
+        // Leafing through the tabs for the pictures is not the operator's
+        // choice of tab: the panel's model is not told.
+        const QSignalBlocker quiet(tabs);
         const int was = tabs->currentIndex();
         for (int i = 0; i < tabs->count(); ++i) {
             tabs->setCurrentIndex(i);
