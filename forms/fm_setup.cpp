@@ -202,8 +202,11 @@ FmSetup::FmSetup() : Panel("fm_setup", "Program And Equipment Setup") {
     put(ck_gen_xls48_file, "ck_gen_xls48_file", "Generate \"Last 48 hour\" XLS file");
     put(ck_gen_las_type1, "ck_gen_las_type1", "Generate LAS Header Ver 1.1");
     put(ck_gen_xls_hdr, "ck_gen_xls_hdr", "Generate XLS Header");
-    put(chk_depth_is_lag_depth_las, "chk_depth_is_lag_depth_las", "Depth Column Is Lagged Depth");
-    put(chk_depth_is_lag_depth_xls, "chk_depth_is_lag_depth_xls", "Depth Column Is Lagged Depth");
+    // Both boxes carry the same words: the tip says which file each is for.
+    put(chk_depth_is_lag_depth_las, "chk_depth_is_lag_depth_las", "Depth Column Is Lagged Depth")
+        .setToolTip("LAS files");
+    put(chk_depth_is_lag_depth_xls, "chk_depth_is_lag_depth_xls", "Depth Column Is Lagged Depth")
+        .setToolTip("XLS files");
 
     beginFrame(kTabFiles, "Output Of C Values In The LAS And XLS Files");
     put(op_cg_in_ppm, "op_cg_in_ppm", "C Values In PPM");
