@@ -53,4 +53,9 @@ if [ -x "$BIN/kettlewick-sim" ]; then
 fi
 cleanup() { [ -n "$SIM_PID" ] && kill "$SIM_PID" 2>/dev/null || true; }
 trap cleanup EXIT
-"$BIN/gaschart"
+# A stop for this script is passed on to the workstation, which closes its
+# job file as an exit does; the simulator goes once the workstation is gone.
+"$BIN/gaschart" &
+GC_PID=$!
+trap 'kill -TERM "$GC_PID" 2>/dev/null || true' TERM INT HUP
+while kill -0 "$GC_PID" 2>/dev/null; do wait "$GC_PID" || true; done
