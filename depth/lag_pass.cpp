@@ -78,19 +78,18 @@ void LagPass::fillBadGas(int pos) {
 }
 
 void LagPass::WriteLag(double lagGu, double data1) {
-    rhythm->beginWrite();
-    rs.Edit();
-    rs.SetField(cLag_, lagGu);
-    rs.SetField(cData1_, data1);
-    rs.Update();
-    rhythm->endWrite();
+    WritePair(cLag_, lagGu, cData1_, data1);
 }
 
 void LagPass::WriteRop(double minFt, double ftHr) {
+    WritePair(cMinFt_, minFt, cFtHr_, ftHr);
+}
+
+void LagPass::WritePair(int colA, double a, int colB, double b) {
     rhythm->beginWrite();
     rs.Edit();
-    rs.SetField(cMinFt_, minFt);
-    rs.SetField(cFtHr_, ftHr);
+    rs.SetField(colA, a);
+    rs.SetField(colB, b);
     rs.Update();
     rhythm->endWrite();
 }

@@ -15,6 +15,10 @@ class Workstation;
 
 namespace depth {
 
+// Two neighbouring records more than this many feet apart: a depth jump, at
+// which both lag passes start their search again from the work record.
+constexpr double kDepthJump = 100;
+
 class LagPass {
   public:
     LagPass(Workstation& ws, long limit, double fromDepth, double toDepth);
@@ -61,6 +65,9 @@ class LagPass {
 
   private:
     void fillBadGas(int pos);
+
+    // Two fields of the current record, in the pass's batch.
+    void WritePair(int colA, double a, int colB, double b);
 
     int cDepth_ = -1, cStrokes_ = -1, cErr_ = -1, cMinFt_ = -1, cFtHr_ = -1, cDt_ = -1, cLag_ = -1,
         cData1_ = -1;

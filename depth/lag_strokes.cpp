@@ -21,7 +21,6 @@ namespace {
 // Strokes that jump by more than this between the search's first record and
 // a later one mean a counter reset: the search stops at the jump.
 constexpr double kCounterJump = 28000;
-constexpr double kDepthJump = 100;
 constexpr double kStrokesJump = 10000;
 
 // The search for the source of one work record, from the current position

@@ -15,7 +15,6 @@ using text::Fix;
 
 namespace {
 
-constexpr double kDepthJump = 100;
 // Ten records to a minute of lag.
 constexpr long kRecordsPerMinute = 10;
 constexpr double kSecondsPerRecord = 6;
