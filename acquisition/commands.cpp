@@ -1,10 +1,10 @@
 #include "acquisition/commands.h"
+#include "acquisition/link.h"
 
-#include "acquisition/events.h"
 #include "acquisition/live_fields.h"
-#include "acquisition/timers.h"
-#include "acquisition/workstation.h"
 #include "text/numbers.h"
+#include "workstation/events.h"
+#include "workstation/workstation.h"
 
 #include <QStringList>
 #include <algorithm>
@@ -31,14 +31,8 @@ constexpr Row kRows[8] = {
 };
 constexpr int kGasAlarmRow = 6; // register 53 holds hundreds of gas units
 
-// Sends on every open channel: both are served when both happen to be open.
-void SendAll(Workstation& ws, const QString& line) {
-    if (ws.MSComm1.PortOpen()) ws.MSComm1.Output(line);
-    if (ws.rt.Gsock_state == 7) ws.Winsock_ombri.SendData(line);
-}
-
 bool AnyLinkOpen(Workstation& ws) {
-    return ws.MSComm1.PortOpen() || ws.rt.Gsock_state == 7;
+    return ws.MSComm1.PortOpen() || ws.link.Gsock_state == 7;
 }
 
 } // namespace
@@ -70,25 +64,25 @@ void cmd_KW_command_Click(Workstation& ws, int index) {
     // The instrument sleeps between packets: a lone CR wakes it.
     if (ws.MSComm1.PortOpen()) {
         ws.MSComm1.Output(QStringLiteral("\r"));
-        DelaySeconds(ws, 1);
+        station::DelaySeconds(ws, 1);
     }
-    if (ws.rt.Gsock_state == 7) {
+    if (ws.link.Gsock_state == 7) {
         ws.Winsock_ombri.SendData(QStringLiteral("\r"));
-        DelaySeconds(ws, 1);
+        station::DelaySeconds(ws, 1);
     }
 
     if (index >= 0 && index <= kFreeRow) {
         const QString command = CommandOfRow(ws, index);
-        SendAll(ws, command + QStringLiteral("\r"));
-        write_function_log(ws, "COMMAND OUTPUT TO KW: " + command);
+        SendToInstrument(ws, command + QStringLiteral("\r"));
+        station::write_function_log(ws, "COMMAND OUTPUT TO KW: " + command);
     } else if (index == kReadBackRow) {
-        for (const QString& c : ReadBackCommands()) SendAll(ws, c + QStringLiteral("\r"));
+        for (const QString& c : ReadBackCommands()) SendToInstrument(ws, c + QStringLiteral("\r"));
     }
     readBack.setCaption(kReadBackCaption);
 }
 
 QString KeyMessage(Workstation& ws, const QString& name, const QString& password) {
-    auto& block = ws.rt.Gkey_block;
+    auto& block = ws.link.Gkey_block;
     ws.Randomize();
     auto draw = [&](double scale) {
         // rounded through its decimal text, as the block has always been made
@@ -145,11 +139,11 @@ void send_key(Workstation& ws) {
     try {
         QString message = KeyMessage(ws, name, password);
         // The login works over Ethernet only.
-        if (ws.rt.Gsock_state == 7) ws.Winsock_ombri.SendData(message);
+        if (ws.link.Gsock_state == 7) ws.Winsock_ombri.SendData(message);
         message.fill(QChar(0));
         message.clear();
     } catch (const std::exception& e) {
-        disply_text_alarms(ws, QString::fromLocal8Bit(e.what()));
+        station::disply_text_alarms(ws, QString::fromLocal8Bit(e.what()));
     }
 }
 

@@ -25,5 +25,7 @@ void cmd_send_key_Click(Workstation& ws);
 // Enter in the password box sends the key, as the button does.
 void txt_pwe_KeyPress(Workstation& ws, int keyAscii);
 void cmd_secure_Click(Workstation& ws);
+// Keeps the two-way session open.
+void tmr_stay_logged_in_Timer(Workstation& ws);
 
 } // namespace acq

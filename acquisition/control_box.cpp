@@ -1,9 +1,9 @@
 #include "acquisition/control_box.h"
 
-#include "acquisition/workstation.h"
 #include "chart/chart.h"
 #include "config/config_file.h"
 #include "text/numbers.h"
+#include "workstation/workstation.h"
 
 namespace acq {
 
@@ -11,15 +11,14 @@ using forms::color::Green;
 using forms::color::Red;
 
 void cmd_refresh_Click(Workstation& ws) {
-    auto& rt = ws.rt;
     auto& b = ws.fm_Gas_Chart.cmd_refresh;
-    rt.Grefresh_paused = !rt.Grefresh_paused;
-    if (rt.Grefresh_paused) {
+    ws.chart.Grefresh_paused = !ws.chart.Grefresh_paused;
+    if (ws.chart.Grefresh_paused) {
         b.setBackColor(Red);
         b.setCaption("Refresh Off");
     } else {
         b.setBackColor(Green);
-        b.setCaption("Refresh " + QString::number(rt.Grefresh_count));
+        b.setCaption("Refresh " + QString::number(ws.chart.Grefresh_count));
     }
 }
 
@@ -30,31 +29,30 @@ void txt_refresh_timer_Commit(Workstation& ws) {
         v = 10;
         box.setText("10");
     }
-    ws.rt.Grefresh_seconds = text::CLng(v);
-    ws.rt.Grefresh_count = ws.rt.Grefresh_seconds;
+    ws.chart.Grefresh_seconds = text::CLng(v);
+    ws.chart.Grefresh_count = ws.chart.Grefresh_seconds;
 }
 
 void cmd_off_bottom_overide_Click(Workstation& ws) {
     static const char* const captions[] = {"Off Bottom Automatic", "Forced OFF Bottom",
                                            "Forced ON Bottom"};
-    auto& rt = ws.rt;
-    rt.Goff_bottom_mode += 1;
-    if (rt.Goff_bottom_mode > 2) rt.Goff_bottom_mode = 0;
+    ws.depth.Goff_bottom_mode += 1;
+    if (ws.depth.Goff_bottom_mode > 2) ws.depth.Goff_bottom_mode = 0;
     ws.fm_Gas_Chart.cmd_off_bottom_overide.setCaption(
-        captions[static_cast<int>(rt.Goff_bottom_mode)]);
+        captions[static_cast<int>(ws.depth.Goff_bottom_mode)]);
 }
 
 void cmd_pumps_Click(Workstation& ws) {
-    if (ws.rt.Gwits_alive >= 1) return;
+    if (ws.wits.Gwits_alive >= 1) return;
     auto& b = ws.fm_Gas_Chart.cmd_pumps;
     if (b.backColor() == Red) {
         b.setBackColor(Green);
         b.setCaption("PUMPS ON");
-        ws.rt.Gpumps_manual = true;
+        ws.wits.Gpumps_manual = true;
     } else {
         b.setBackColor(Red);
         b.setCaption("PUMPS OFF");
-        ws.rt.Gpumps_manual = false;
+        ws.wits.Gpumps_manual = false;
     }
 }
 
@@ -69,7 +67,7 @@ void cmd_WITS_info_Click(Workstation& ws) {
 }
 
 void cmd_redraw_chart_Click(Workstation& ws) {
-    ws.rt.Grefresh_count = ws.rt.Grefresh_seconds;
+    ws.chart.Grefresh_count = ws.chart.Grefresh_seconds;
     chart::make_chart(ws);
 }
 

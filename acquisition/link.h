@@ -2,6 +2,8 @@
 // The one link to the instrument: serial scan, TCP connect, supervision
 // state, and the setup controls that change the link.
 
+#include <QString>
+
 class Workstation;
 
 namespace acq {
@@ -13,6 +15,8 @@ void close_winsock(Workstation& ws);
 void Winsock_state(Workstation& ws);
 void Check_TCP_ip_port(Workstation& ws);
 void readlookupfile(Workstation& ws);
+// Sends text to the instrument on every open channel; false when none is open.
+bool SendToInstrument(Workstation& ws, const QString& line);
 
 // The link button after a close: disconnected, or forced off.
 void ShowDisconnected(Workstation& ws);

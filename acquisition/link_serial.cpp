@@ -1,8 +1,8 @@
 // The serial side of the instrument link: the scan of ports 1 to 20 for the
 // instrument's banner, and the close.
-#include "acquisition/events.h"
 #include "acquisition/link.h"
-#include "acquisition/workstation.h"
+#include "workstation/events.h"
+#include "workstation/workstation.h"
 
 #include <QLoggingCategory>
 
@@ -19,42 +19,41 @@ constexpr int kBannerWaitTicks = 3; // tenths of a second per port
 // second to come back through the intake tick. Open failures are the normal
 // case for most numbers and go no further than the log.
 bool ProbePort(Workstation& ws, int port) {
-    auto& rt = ws.rt;
     auto& com = ws.MSComm1;
-    DoEvents(ws);
+    station::DoEvents(ws);
     com.SetPortOpen(false);
     com.CommPort = port;
     com.Settings = QStringLiteral("115200,n,8,1");
     com.InputLen = 0;
-    rt.Gline_buffer.clear();
+    ws.packet.Gline_buffer.clear();
     const int err = com.SetPortOpen(true);
     if (err == 0) {
         com.Output(QStringLiteral("?\r\n"));
-        rt.Gdelay_ticks = kBannerWaitTicks;
-        while (rt.Gdelay_ticks > 0 && !rt.Gdetector_found && !ws.closing) WaitEvents(ws);
+        ws.loop.Gdelay_ticks = kBannerWaitTicks;
+        while (ws.loop.Gdelay_ticks > 0 && !ws.link.Gdetector_found && !ws.closing)
+            station::WaitEvents(ws);
     } else {
         qCDebug(lcLink) << "port" << port << "not opened:" << err << com.ErrorText();
     }
-    return rt.Gdetector_found;
+    return ws.link.Gdetector_found;
 }
 
 } // namespace
 
 void SerialFindKettlewick(Workstation& ws) {
-    auto& rt = ws.rt;
     auto& button = ws.fm_Gas_Chart.cmd_comm1;
-    if (rt.Guse_tcp || rt.Glink_mode == 0) return;
+    if (ws.link.Guse_tcp || ws.link.Glink_mode == 0) return;
 
     button.setBackColor(forms::color::Red);
     button.setCaption(QStringLiteral("Kettlewick Disconnected"));
-    rt.Glink_countdown = 61;
-    rt.Gcomm_port = 1;
-    rt.Gdetector_found = false;
+    ws.link.Glink_countdown = 61;
+    ws.link.Gcomm_port = 1;
+    ws.link.Gdetector_found = false;
 
     bool found = false;
     for (int pass = 0; pass < kScanPasses && !found && !ws.closing; ++pass) {
         for (int port = 1; port <= platform::PortMap::kPorts && !ws.closing; ++port) {
-            rt.Gcomm_port = static_cast<int16_t>(port);
+            ws.link.Gcomm_port = static_cast<int16_t>(port);
             if (ProbePort(ws, port)) {
                 found = true;
                 break;
@@ -70,10 +69,10 @@ void SerialFindKettlewick(Workstation& ws) {
 
     // The box's sense is kept as it always was: clear means send.
     if (!ws.fm_setup.ck_supp_echo.checked()) ws.MSComm1.Output(QStringLiteral("ECHO OFF\r\n"));
-    rt.Glink_countdown = 61;
+    ws.link.Glink_countdown = 61;
     button.setBackColor(forms::color::Green);
     button.setCaption(QStringLiteral("Kettlewick Connected"));
-    qCInfo(lcLink) << "instrument found on port" << rt.Gcomm_port << ws.MSComm1.device();
+    qCInfo(lcLink) << "instrument found on port" << ws.link.Gcomm_port << ws.MSComm1.device();
 }
 
 void Close_Serialport(Workstation& ws) {

@@ -1,10 +1,10 @@
 // The Ethernet side of the instrument link: connect, close, the socket's
 // state in words, and the typed address.
-#include "acquisition/events.h"
 #include "acquisition/link.h"
 #include "acquisition/live_fields.h"
-#include "acquisition/workstation.h"
 #include "text/numbers.h"
+#include "workstation/events.h"
+#include "workstation/workstation.h"
 
 #include <QLoggingCategory>
 #include <exception>
@@ -29,7 +29,7 @@ long UptimeColour(double uptime) {
 // packet of the new one and spoil both; whole lines still waiting are kept.
 // Done before the new connection can deliver anything.
 // The pending text is the line buffer followed by the arrival buffer.
-void DropBrokenLine(Runtime& rt) {
+void DropBrokenLine(Workstation& ws) {
     auto cut = [](QString& s) {
         auto cr = s.lastIndexOf(QChar(13));
         if (cr < 0) return false;
@@ -37,60 +37,59 @@ void DropBrokenLine(Runtime& rt) {
         s.truncate(cr + 1);
         return true;
     };
-    if (cut(rt.Garrival_buffer)) return;
-    rt.Garrival_buffer.clear();
-    if (!cut(rt.Gline_buffer)) rt.Gline_buffer.clear();
+    if (cut(ws.packet.Garrival_buffer)) return;
+    ws.packet.Garrival_buffer.clear();
+    if (!cut(ws.packet.Gline_buffer)) ws.packet.Gline_buffer.clear();
 }
 
 void RefuseAddress(Workstation& ws, const QString& text) {
     ws.dialogs().MsgBox(text, platform::Buttons::Ok, QStringLiteral("TCP SET ERROR"),
                         platform::Icon::Exclamation);
     ws.fm_setup.ck_Use_TCP.setChecked(false);
-    ws.rt.Guse_tcp = false;
+    ws.link.Guse_tcp = false;
     ws.fm_setup.txt_TCP_ip_port.setText(kDefaultAddress);
 }
 
 void Connect(Workstation& ws) {
-    auto& rt = ws.rt;
     auto& sock = ws.Winsock_ombri;
-    if (rt.Glink_mode == 0 || !rt.Guse_tcp) return;
+    if (ws.link.Glink_mode == 0 || !ws.link.Guse_tcp) return;
     ws.fm_Gas_Chart.cmd_comm1.setBackColor(forms::color::Red);
     ws.fm_Gas_Chart.cmd_comm1.setCaption(QStringLiteral("Kettlewick Disconnected"));
     close_winsock(ws);
-    DropBrokenLine(rt);
-    if (rt.Gtcp_host.size() < 5) return;
+    DropBrokenLine(ws);
+    if (ws.link.Gtcp_host.size() < 5) return;
 
     // Both ports to 0 first, so no earlier binding survives into this try.
-    sock.RemoteHost = rt.Gtcp_host;
+    sock.RemoteHost = ws.link.Gtcp_host;
     sock.RemotePort = 0;
     sock.LocalPort = 0;
-    sock.RemotePort = static_cast<int>(text::Val(rt.Gtcp_port));
+    sock.RemotePort = static_cast<int>(text::Val(ws.link.Gtcp_port));
 
     Winsock_state(ws);
     sock.Connect();
-    DelaySeconds(ws, 1);
+    station::DelaySeconds(ws, 1);
     Winsock_state(ws);
     int tries = kTries;
-    while (rt.Gsock_state != 7) {
+    while (ws.link.Gsock_state != 7) {
         if (tries <= 0 || ws.closing) {
-            rt.Glink_countdown = 61;
-            qCInfo(lcLink) << "no connection to" << rt.Gtcp_host << rt.Gtcp_port << ":"
-                           << rt.Gsock_state_text;
+            ws.link.Glink_countdown = 61;
+            qCInfo(lcLink) << "no connection to" << ws.link.Gtcp_host << ws.link.Gtcp_port << ":"
+                           << ws.link.Gsock_state_text;
             return;
         }
-        DelaySeconds(ws, 1);
+        station::DelaySeconds(ws, 1);
         Winsock_state(ws);
         --tries;
     }
-    rt.Glink_countdown = 61;
-    rt.Gdetector_found = true;
+    ws.link.Glink_countdown = 61;
+    ws.link.Gdetector_found = true;
 
     auto& button = ws.fm_Gas_Chart.cmd_comm1;
-    button.setBackColor(UptimeColour(rt.Guptime_percent));
-    button.setCaption("Connected TCP " + text::Str(rt.Guptime_percent) + "%");
-    qCInfo(lcLink) << "connected to" << rt.Gtcp_host << rt.Gtcp_port;
+    button.setBackColor(UptimeColour(ws.link.Guptime_percent));
+    button.setCaption("Connected TCP " + text::Str(ws.link.Guptime_percent) + "%");
+    qCInfo(lcLink) << "connected to" << ws.link.Gtcp_host << ws.link.Gtcp_port;
 
-    DelaySeconds(ws, 2);
+    station::DelaySeconds(ws, 2);
     sock.SendData(QStringLiteral("STATUS\r\n"));
 }
 
@@ -100,22 +99,22 @@ void Winsock_state(Workstation& ws) {
     static const char* const texts[] = {
         "Port closed",   "Port open",       "Port listening", "Port pending", "Port resolving",
         "Port resolved", "Port connecting", "Port connected", "Port closing", "Port error"};
-    ws.rt.Gsock_state_text = " Unknown state ";
+    ws.link.Gsock_state_text = " Unknown state ";
     const int s = ws.Winsock_ombri.State();
-    ws.rt.Gsock_state = static_cast<int16_t>(s);
-    ws.rt.Gsock_state_text = (s >= 0 && s <= 9) ? texts[s] : texts[0];
-    if (s != 7) ws.rt.Guptime_percent = 0;
+    ws.link.Gsock_state = static_cast<int16_t>(s);
+    ws.link.Gsock_state_text = (s >= 0 && s <= 9) ? texts[s] : texts[0];
+    if (s != 7) ws.link.Guptime_percent = 0;
 }
 
 void close_winsock(Workstation& ws) {
     ShowDisconnected(ws);
     Winsock_state(ws);
-    if (ws.rt.Gsock_state != 0) ws.Winsock_ombri.Close();
+    if (ws.link.Gsock_state != 0) ws.Winsock_ombri.Close();
     int tries = kTries;
-    while (ws.rt.Gsock_state != 0) {
+    while (ws.link.Gsock_state != 0) {
         if (--tries < 0 || ws.closing) break;
         Winsock_state(ws);
-        DelaySeconds(ws, 1);
+        station::DelaySeconds(ws, 1);
     }
 }
 
@@ -123,16 +122,15 @@ void winsock_connect(Workstation& ws) {
     try {
         Connect(ws);
     } catch (const std::exception& e) {
-        disply_text_alarms(ws, "TCP Connect ERR: " + QString::fromLocal8Bit(e.what()));
+        station::disply_text_alarms(ws, "TCP Connect ERR: " + QString::fromLocal8Bit(e.what()));
         close_winsock(ws);
     }
 }
 
 void Check_TCP_ip_port(Workstation& ws) {
-    auto& rt = ws.rt;
     Close_Serialport(ws);
     close_winsock(ws);
-    rt.Glink_countdown = 2;
+    ws.link.Glink_countdown = 2;
 
     const QString typed = ws.fm_setup.txt_TCP_ip_port.text();
     const auto colon = typed.indexOf(QLatin1Char(':'));
@@ -142,9 +140,9 @@ void Check_TCP_ip_port(Workstation& ws) {
             QStringLiteral("You have entered an invalid IP/port.  TCP connection not established"));
         return;
     }
-    rt.Gtcp_host = typed.left(colon);
-    rt.Gtcp_port = typed.mid(colon + 1);
-    const double port = text::Val(rt.Gtcp_port);
+    ws.link.Gtcp_host = typed.left(colon);
+    ws.link.Gtcp_port = typed.mid(colon + 1);
+    const double port = text::Val(ws.link.Gtcp_port);
     if (port >= 2200 && port <= 2399) {
         RefuseAddress(ws, QStringLiteral("You have entered an invalid connection port.  TCP "
                                          "connection not established"));

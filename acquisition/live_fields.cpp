@@ -3,10 +3,10 @@
 #include "acquisition/live_fields.h"
 
 #include "acquisition/parser.h"
-#include "acquisition/workstation.h"
 #include "platform/files.h"
 #include "text/datetime.h"
 #include "text/numbers.h"
+#include "workstation/workstation.h"
 
 #include <stdexcept>
 
@@ -20,15 +20,6 @@ using forms::color::White;
 using forms::color::Yellow;
 
 namespace {
-
-const QString kErrLog = QStringLiteral("ERR_LOG.TXT");
-const QString kCommandLog = QStringLiteral("COMMAND_LOG.TXT");
-
-// Bounds of the two scrolling boxes: cut rarely, not on every line.
-constexpr int kTerminalHigh = 9500;
-constexpr int kTerminalLow = 8500;
-constexpr int kMessageHigh = 3000;
-constexpr int kMessageLow = 2000;
 
 // The instrument's alarm numbers. The log words and the screen words are two
 // vocabularies on purpose: several alarms read differently in each.
@@ -66,11 +57,6 @@ const Alarm& FindAlarm(int number) {
     return kUnknownAlarm;
 }
 
-// Keeps the last `low` characters once the text passed `high`.
-void Bound(forms::Control& box, int high, int low) {
-    if (box.text().size() > high) box.setText(box.text().right(low));
-}
-
 QString NowTime(Workstation& ws) {
     return text::ShortTime(ws.Now().time());
 }
@@ -89,10 +75,9 @@ QString AlarmDisplayText(int number) {
 }
 
 void parse_err_str(Workstation& ws) {
-    auto& rt = ws.rt;
-    const QString field = rt.Gombri_data_array[ERRTXT];
-    if (field == rt.Glast_alarm_text) return;
-    rt.Glast_alarm_text = field;
+    const QString field = ws.packet.Gombri_data_array[ERRTXT];
+    if (field == ws.packet.Glast_alarm_text) return;
+    ws.packet.Glast_alarm_text = field;
     if (text::Val(field) <= 0) return;
     // The instrument ends the field with a blank, so one alarm already splits
     // in two; a bare number with no blank gives an empty line.
@@ -103,24 +88,24 @@ void parse_err_str(Workstation& ws) {
         for (const QString& n : numbers)
             if (!n.isEmpty()) line += AlarmLogText(text::CLng(text::Val(n)));
     }
-    platform::AppendLine(ws.programFile(kErrLog), line);
+    platform::AppendLine(ws.programFile(QStringLiteral("ERR_LOG.TXT")), line);
 }
 
 void fill_vis_fields(Workstation& ws) {
-    auto& rt = ws.rt;
     auto& view = ws.more_data;
-    const auto& fields = rt.Gombri_data_array;
+    const auto& fields = ws.packet.Gombri_data_array;
     int pt = 0;
     try {
         ApplyLocalWitsOverride(ws);
         ++pt;
-        view.lbl_Time_Since_Last_Rop_01.setCaption(text::Format(rt.Grop_seconds_0, u"0") + " " +
-                                                   text::Format(rt.Grop_seconds_1, u"0") + " " +
-                                                   text::Format(rt.Grop_seconds_2, u"0"));
+        view.lbl_Time_Since_Last_Rop_01.setCaption(
+            text::Format(ws.depth.Grop_seconds_0, u"0") + " " +
+            text::Format(ws.depth.Grop_seconds_1, u"0") + " " +
+            text::Format(ws.depth.Grop_seconds_2, u"0"));
         ++pt;
         view.form.setCaption("REAL TIME DATA " + fields[SERIALNUM] + " " + fields[DATE] + " " +
                              fields[OMBRITIME]);
-        rt.Gserial_number = fields[SERIALNUM];
+        ws.packet.Gserial_number = fields[SERIALNUM];
         ++pt;
         for (const auto& f : forms::MoreData::fieldLabels()) {
             const QString& value = fields[f.field];
@@ -150,7 +135,7 @@ void fill_vis_fields(Workstation& ws) {
         ++pt;
         const double bit = text::Val(view.lbl_bit_depth.caption());
         auto& bitFrame = view.frameOf("lbl_bit_depth");
-        if (bit > 10 && rt.Gwits_alive > 0) {
+        if (bit > 10 && ws.wits.Gwits_alive > 0) {
             const double b = text::Fix(bit) + 2;
             if (b >= text::Fix(text::Val(view.lbl_DrillDepth.caption()))) {
                 bitFrame.setCaption("Bit Depth");
@@ -164,24 +149,24 @@ void fill_vis_fields(Workstation& ws) {
         }
         ++pt;
         auto& alarmBox = ws.fm_Gas_Chart.txt_KW_err;
-        if (rt.Glast_alarm_number >= 1) {
+        if (ws.packet.Glast_alarm_number >= 1) {
             // Only the first number of the field reaches the screen.
-            const QString words = AlarmDisplayText(rt.Glast_alarm_number);
+            const QString words = AlarmDisplayText(ws.packet.Glast_alarm_number);
             alarmBox.setBackColor(Red);
             alarmBox.setText(words);
             view.lbl_err_desc.setCaption(words);
-        } else if (rt.alarmMonitorText.isEmpty()) {
+        } else if (ws.alarms.alarmMonitorText.isEmpty()) {
             // The box also carries the alarm monitor's messages: it is only
             // cleared when neither the instrument nor the monitor has one.
             if (!alarmBox.text().isEmpty())
-                disply_text_alarms(ws, "Last Kettlewick Alarm: " + alarmBox.text());
+                station::disply_text_alarms(ws, "Last Kettlewick Alarm: " + alarmBox.text());
             view.lbl_err_desc.setCaption("No Errors");
             alarmBox.setText("");
             alarmBox.setBackColor(White);
         }
     } catch (const std::exception& e) {
-        disply_text_alarms(ws, "Populate Display Err: " + QString::fromUtf8(e.what()) +
-                                   " Err pt: " + QString::number(pt));
+        station::disply_text_alarms(ws, "Populate Display Err: " + QString::fromUtf8(e.what()) +
+                                            " Err pt: " + QString::number(pt));
     }
 }
 
@@ -190,31 +175,6 @@ void clear_vis_fields(Workstation& ws) {
     view.form.setCaption("REAL TIME DATA ");
     view.lbl_err_desc.setCaption("No Errors");
     for (const auto& f : forms::MoreData::fieldLabels()) (view.*(f.label)).setCaption("");
-}
-
-void disply_text(Workstation& ws, const QString& text) {
-    auto& box = ws.more_data.text_window;
-    box.setText(box.text() + text);
-    Bound(box, kTerminalHigh, kTerminalLow);
-}
-
-void disply_text_alarms(Workstation& ws, const QString& text) {
-    auto& box = ws.fm_Gas_Chart.txt_message;
-    if (text.isEmpty()) {
-        box.setText("");
-    } else {
-        // The log first: it stands whatever becomes of the box.
-        platform::AppendLine(ws.programFile(kErrLog), "** " + ws.rt.UnitSerial + " - " +
-                                                          NowTime(ws) + "  " + NowDate(ws) + "  " +
-                                                          text);
-        box.setText(box.text().isEmpty() ? text : box.text() + "\r\n" + text);
-    }
-    Bound(box, kMessageHigh, kMessageLow);
-}
-
-void write_function_log(Workstation& ws, const QString& text) {
-    platform::AppendLine(ws.programFile(kCommandLog), ws.rt.UnitSerial + " " + NowTime(ws) + "  " +
-                                                          NowDate(ws) + " *** " + text);
 }
 
 } // namespace acq

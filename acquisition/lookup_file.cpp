@@ -1,8 +1,8 @@
 // The instrument address look-up: a unit number typed on the setup panel
 // finds its address and port in RDVlookup.txt beside the program.
 #include "acquisition/link.h"
-#include "acquisition/workstation.h"
 #include "text/numbers.h"
+#include "workstation/workstation.h"
 
 #include <QFile>
 #include <QTextStream>
@@ -61,10 +61,10 @@ void readlookupfile(Workstation& ws) {
         return;
     }
     if (setup.ck_Use_TCP.checked()) {
-        ws.rt.Guse_tcp = true;
+        ws.link.Guse_tcp = true;
         Check_TCP_ip_port(ws);
     } else {
-        ws.rt.Guse_tcp = false;
+        ws.link.Guse_tcp = false;
     }
 }
 

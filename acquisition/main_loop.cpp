@@ -1,40 +1,40 @@
 // The heartbeat: intake every 200 ms, supervision every second, the delay
 // counter, the flicker of the selection line, and the database error watch.
-#include "acquisition/info_box.h"
+#include "acquisition/main_loop.h"
 #include "acquisition/link.h"
 #include "acquisition/live_fields.h"
 #include "acquisition/parser.h"
 #include "acquisition/supervision.h"
-#include "acquisition/timers.h"
-#include "acquisition/workstation.h"
 #include "chart/chart.h"
 #include "store/lifecycle.h"
 #include "text/numbers.h"
+#include "workstation/help_box.h"
+#include "workstation/workstation.h"
 
 namespace acq {
 
 void tmrDataArrival_Timer(Workstation& ws) {
-    auto& rt = ws.rt;
     Winsock_state(ws);
-    if (rt.Gsock_state == 7 && ws.Winsock_ombri.BytesReceived() > 0 && !rt.Gtransfer_active) {
+    if (ws.link.Gsock_state == 7 && ws.Winsock_ombri.BytesReceived() > 0 &&
+        !ws.packet.Gtransfer_active) {
         const QString got = ws.Winsock_ombri.GetData();
-        disply_text(ws, got);
-        rt.Gtcp_idle_count = 0;
-        rt.Garrival_buffer += got;
+        station::disply_text(ws, got);
+        ws.link.Gtcp_idle_count = 0;
+        ws.packet.Garrival_buffer += got;
     }
     if (ws.MSComm1.PortOpen() && ws.MSComm1.InBufferCount() >= 1) {
         const QString got = ws.MSComm1.Input();
-        rt.Garrival_buffer += got;
-        if (!rt.Gtransfer_active) disply_text(ws, got);
+        ws.packet.Garrival_buffer += got;
+        if (!ws.packet.Gtransfer_active) station::disply_text(ws, got);
     }
-    if (rt.Gtransfer_active && !rt.Gtransfer_hold) {
-        rt.Gtransfer_buffer += rt.Garrival_buffer;
-        rt.Garrival_buffer.clear();
+    if (ws.packet.Gtransfer_active && !ws.packet.Gtransfer_hold) {
+        ws.packet.Gtransfer_buffer += ws.packet.Garrival_buffer;
+        ws.packet.Garrival_buffer.clear();
     }
-    if (!rt.Gtransfer_active && !rt.Gparse_busy) {
-        rt.Gline_buffer += rt.Garrival_buffer;
-        rt.Garrival_buffer.clear();
-        if (!rt.Gline_buffer.isEmpty()) {
+    if (!ws.packet.Gtransfer_active && !ws.packet.Gparse_busy) {
+        ws.packet.Gline_buffer += ws.packet.Garrival_buffer;
+        ws.packet.Garrival_buffer.clear();
+        if (!ws.packet.Gline_buffer.isEmpty()) {
             Parse_Ombri_String(ws);
             fill_vis_fields(ws);
         }
@@ -42,7 +42,6 @@ void tmrDataArrival_Timer(Workstation& ws) {
 }
 
 void tmr_refresh_Timer(Workstation& ws) {
-    auto& rt = ws.rt;
     auto& fs = ws.fm_setup;
     auto& main = ws.fm_Gas_Chart;
 
@@ -51,35 +50,35 @@ void tmr_refresh_Timer(Workstation& ws) {
         fs.ck_Show_Custom_Wits[i].setCaption(fs.txt_custom_wits_name[i].text());
 
     // 2. Seconds on this foot and the two before it.
-    rt.Grop_seconds_0 += 1;
-    const double depthNow = text::Val(rt.Gombri_data_array[DEPTH]);
-    if (text::Int(rt.Glast_whole_foot) != text::Int(depthNow)) {
-        rt.Glast_whole_foot = depthNow;
-        rt.Grop_seconds_2 = rt.Grop_seconds_1;
-        rt.Grop_seconds_1 = rt.Grop_seconds_0;
-        rt.Grop_seconds_0 = 0;
+    ws.depth.Grop_seconds_0 += 1;
+    const double depthNow = text::Val(ws.packet.Gombri_data_array[DEPTH]);
+    if (text::Int(ws.depth.Glast_whole_foot) != text::Int(depthNow)) {
+        ws.depth.Glast_whole_foot = depthNow;
+        ws.depth.Grop_seconds_2 = ws.depth.Grop_seconds_1;
+        ws.depth.Grop_seconds_1 = ws.depth.Grop_seconds_0;
+        ws.depth.Grop_seconds_0 = 0;
     }
 
     // 3. The off bottom button flashes while forced.
-    if (rt.Goff_bottom_mode == 0) {
+    if (ws.depth.Goff_bottom_mode == 0) {
         main.cmd_off_bottom_overide.setBackColor(forms::color::Grey);
     } else {
-        main.cmd_off_bottom_overide.setBackColor(rt.Gflash_state ? forms::color::Orange
-                                                                 : forms::color::Yellow);
-        rt.Gflash_state = !rt.Gflash_state;
+        main.cmd_off_bottom_overide.setBackColor(ws.loop.Gflash_state ? forms::color::Orange
+                                                                      : forms::color::Yellow);
+        ws.loop.Gflash_state = !ws.loop.Gflash_state;
     }
 
     // 4. Stroke total.
-    main.txt_TotalStr.setText("Total Strokes: " + text::Str(rt.Gtotal_strokes));
+    main.txt_TotalStr.setText("Total Strokes: " + text::Str(ws.depth.Gtotal_strokes));
 
     // 5. WITS supervision.
     SuperviseWits(ws);
 
     // 6. Custom channels hold.
-    if (rt.Gwits_custom_hold > 0) {
-        rt.Gwits_custom_hold -= 1;
-        if (rt.Gwits_custom_hold == 1)
-            for (int i = 22; i <= 25; ++i) rt.Gwits_values[i] = 0;
+    if (ws.wits.Gwits_custom_hold > 0) {
+        ws.wits.Gwits_custom_hold -= 1;
+        if (ws.wits.Gwits_custom_hold == 1)
+            for (int i = 22; i <= 25; ++i) ws.wits.Gwits_values[i] = 0;
     }
 
     // 7. Line lag.
@@ -89,13 +88,13 @@ void tmr_refresh_Timer(Workstation& ws) {
     SuperviseLink(ws);
 
     // 9. Chart refresh countdown.
-    if (!rt.Grefresh_paused) {
+    if (!ws.chart.Grefresh_paused) {
         main.cmd_refresh.setBackColor(forms::color::Green);
-        main.cmd_refresh.setCaption("Refresh " + QString::number(rt.Grefresh_count));
-        if (rt.Grefresh_count > 0) rt.Grefresh_count -= 1;
-        if (rt.Grefresh_count < 1) {
-            rt.Grefresh_count = rt.Grefresh_seconds;
-            if (!rt.Gdb_busy) {
+        main.cmd_refresh.setCaption("Refresh " + QString::number(ws.chart.Grefresh_count));
+        if (ws.chart.Grefresh_count > 0) ws.chart.Grefresh_count -= 1;
+        if (ws.chart.Grefresh_count < 1) {
+            ws.chart.Grefresh_count = ws.chart.Grefresh_seconds;
+            if (!ws.db.Gdb_busy) {
                 store::PrimeLastRecord(ws);
                 chart::make_chart(ws);
             }
@@ -107,8 +106,8 @@ void tmr_refresh_Timer(Workstation& ws) {
 }
 
 void tmr_delay_Timer(Workstation& ws) {
-    if (ws.rt.Gdelay_ticks > 0) ws.rt.Gdelay_ticks -= 1;
-    ws.fm_Gas_Chart.lbl_lock_Level.setCaption(ws.rt.Gdb_busy ? "DB Busy" : "DB Ready");
+    if (ws.loop.Gdelay_ticks > 0) ws.loop.Gdelay_ticks -= 1;
+    ws.fm_Gas_Chart.lbl_lock_Level.setCaption(ws.db.Gdb_busy ? "DB Busy" : "DB Ready");
 }
 
 void tmr_color_change_Timer(Workstation& ws) {
@@ -121,10 +120,10 @@ void tmr_color_change_Timer(Workstation& ws) {
 }
 
 void tmr_DB_ERROR_Timer(Workstation& ws) {
-    if (!ws.rt.Gdb_error) return;
-    ws.rt.Gdb_error = false;
-    disply_text_alarms(ws, "Please press Compact/Repair Database");
-    disply_text_alarms(ws, "Syncing DB");
+    if (!ws.db.Gdb_error) return;
+    ws.db.Gdb_error = false;
+    station::disply_text_alarms(ws, "Please press Compact/Repair Database");
+    station::disply_text_alarms(ws, "Syncing DB");
     store::PrimeLastRecord(ws);
     chart::make_chart(ws);
 }

@@ -5,14 +5,14 @@
 // is lost), so the list below is kept exactly as it is, quirks included.
 #include "acquisition/parser.h"
 
-#include "acquisition/info_box.h"
 #include "acquisition/live_fields.h"
 #include "acquisition/wits_roles.h"
-#include "acquisition/workstation.h"
 #include "store/record_writer.h"
 #include "text/numbers.h"
 #include "wits/wits_file.h"
 #include "wits/wits_link.h"
+#include "workstation/help_box.h"
+#include "workstation/workstation.h"
 
 #include <stdexcept>
 
@@ -22,6 +22,12 @@ using forms::color::Green;
 using forms::color::Red;
 
 namespace {
+
+// A packet that became a row has its alarm word looked at, as the last step
+// of the write.
+void SaveRecord(Workstation& ws) {
+    if (store::SaveKWData(ws)) parse_err_str(ws);
+}
 
 constexpr QChar CR = QChar(13);
 // Blocks the buffer at this size: a stream of text the parser never
@@ -66,11 +72,11 @@ double NumberAt(const QString& buf, int pos) {
 }
 
 void Banner(Workstation& ws, const QString&, Hit, int&) {
-    ws.rt.Gdetector_found = true;
+    ws.link.Gdetector_found = true;
 }
 
 void TcpConnect(Workstation& ws, const QString&, Hit, int&) {
-    if (ws.rt.Gsock_state == 7) ws.Winsock_ombri.SendData("STATUS\r\n");
+    if (ws.link.Gsock_state == 7) ws.Winsock_ombri.SendData("STATUS\r\n");
 }
 
 void DrillDepth(Workstation& ws, const QString& buf, Hit hit, int&) {
@@ -82,13 +88,13 @@ void TimingSet(Workstation& ws, const QString&, Hit, int&) {
     box.form.setCaption("CG Timing Setting");
     box.pgbar.setRange(0, 101);
     box.pgbar.setValue(1);
-    help_msg(ws, "");
-    help_msg(ws, "Chromatograph Timing Setting Has Been Confirmed");
+    station::help_msg(ws, "");
+    station::help_msg(ws, "Chromatograph Timing Setting Has Been Confirmed");
     box.form.setVisible(true);
 }
 
 void Uptime(Workstation& ws, const QString& buf, Hit hit, int&) {
-    ws.rt.Guptime_percent = NumberAt(buf, hit.p + 8);
+    ws.link.Guptime_percent = NumberAt(buf, hit.p + 8);
 }
 
 void TwoWay(Workstation& ws, const QString&, Hit, int&) {
@@ -129,24 +135,23 @@ void JobNumber(Workstation& ws, const QString& buf, Hit hit, int&) {
 }
 
 void DataPacket(Workstation& ws, const QString& buf, Hit hit, int& pt) {
-    auto& rt = ws.rt;
-    auto& fields = rt.Gombri_data_array;
+    auto& fields = ws.packet.Gombri_data_array;
 
-    rt.Glink_countdown = 61;
+    ws.link.Glink_countdown = 61;
     ++pt;
     // The instrument learns the lag depth as of its last packet, every packet.
-    const QString lagLine = LagDepthLine(rt.Glag_depth_now);
+    const QString lagLine = LagDepthLine(ws.depth.Glag_depth_now);
     if (ws.MSComm1.PortOpen()) {
         ws.MSComm1.Output(lagLine);
-        disply_text(ws, lagLine + "\r\n");
+        station::disply_text(ws, lagLine + "\r\n");
     }
     ++pt;
-    if (rt.Gsock_state == 7) {
+    if (ws.link.Gsock_state == 7) {
         ws.Winsock_ombri.SendData(lagLine);
-        disply_text(ws, lagLine);
+        station::disply_text(ws, lagLine);
         if (!ws.fm_setup.ck_Mainlog_NoKeepalive.checked())
             ws.Winsock_ombri.SendData(QString(QChar(250)));
-        rt.Guptime_percent = 100;
+        ws.link.Guptime_percent = 100;
     }
 
     ++pt;
@@ -168,7 +173,7 @@ void DataPacket(Workstation& ws, const QString& buf, Hit hit, int& pt) {
 
     ++pt;
     const double alarm = text::Val(fields[ERRTXT]);
-    if (alarm != rt.Glast_alarm_number) rt.Glast_alarm_number = text::CLng(alarm);
+    if (alarm != ws.packet.Glast_alarm_number) ws.packet.Glast_alarm_number = text::CLng(alarm);
 
     ++pt;
     if (ApplyLocalWitsOverride(ws)) wits::Send_Serial_WITS(ws);
@@ -177,7 +182,7 @@ void DataPacket(Workstation& ws, const QString& buf, Hit hit, int& pt) {
     // With WITS relayed by the instrument the row waits for the "^" block,
     // which carries the values the row needs.
     const bool localWits = ws.fm_WITS.ck_Use_Local_WITS.checked();
-    if (rt.Gwits_alive == 0 || (rt.Gwits_alive > 0 && localWits)) store::SaveKWData(ws);
+    if (ws.wits.Gwits_alive == 0 || (ws.wits.Gwits_alive > 0 && localWits)) SaveRecord(ws);
 }
 
 void HealthLine(Workstation& ws, const QString& buf, Hit hit, int&) {
@@ -193,11 +198,10 @@ QString WitsDisplayLine(Workstation& ws, int code, double value) {
 }
 
 void WitsBlock(Workstation& ws, const QString& buf, Hit hit, int& pt) {
-    auto& rt = ws.rt;
     // The count is taken over the whole buffer, not the line: a short block
     // followed by other text still passes.
     if (buf.split(',').size() < 6) {
-        if (rt.Gwits_alive > 0) store::SaveKWData(ws);
+        if (ws.wits.Gwits_alive > 0) SaveRecord(ws);
         return;
     }
     ++pt;
@@ -217,8 +221,8 @@ void WitsBlock(Workstation& ws, const QString& buf, Hit hit, int& pt) {
     }
     ++pt;
     auto& pumps = ws.fm_Gas_Chart.cmd_pumps;
-    if (rt.Gspm > 0) {
-        pumps.setCaption(text::Format(rt.Gspm, u"0") + " SPM");
+    if (ws.wits.Gspm > 0) {
+        pumps.setCaption(text::Format(ws.wits.Gspm, u"0") + " SPM");
         pumps.setBackColor(Green);
     } else {
         pumps.setCaption("Pumps Off");
@@ -227,8 +231,8 @@ void WitsBlock(Workstation& ws, const QString& buf, Hit hit, int& pt) {
     ++pt;
     // Saved before the stream is marked alive: the first block after an
     // outage saves nothing.
-    if (rt.Gwits_alive > 0) store::SaveKWData(ws);
-    rt.Gwits_alive = 60;
+    if (ws.wits.Gwits_alive > 0) SaveRecord(ws);
+    ws.wits.Gwits_alive = 60;
 }
 
 // The list, in the order it runs on every call.
@@ -297,44 +301,44 @@ QString LagDepthLine(double lagDepth) {
 }
 
 bool ApplyLocalWitsOverride(Workstation& ws) {
-    auto& rt = ws.rt;
-    if (!ws.fm_WITS.ck_Use_Local_WITS.checked() || rt.Gwits_alive < 1) return false;
-    rt.Gombri_data_array[DEPTH] = text::Str(rt.Gwits_values[1]);
-    rt.Gombri_data_array[MINFT] = text::Str(wits::WitsMinFt(ws));
-    rt.Gombri_data_array[FTHR] = text::Str(wits::WitsFtHr(ws));
+    if (!ws.fm_WITS.ck_Use_Local_WITS.checked() || ws.wits.Gwits_alive < 1) return false;
+    ws.packet.Gombri_data_array[DEPTH] = text::Str(ws.wits.Gwits_values[1]);
+    ws.packet.Gombri_data_array[MINFT] = text::Str(wits::WitsMinFt(ws));
+    ws.packet.Gombri_data_array[FTHR] = text::Str(wits::WitsFtHr(ws));
     return true;
 }
 
 void Parse_Ombri_String(Workstation& ws) {
-    auto& rt = ws.rt;
-    rt.Gparse_busy = true;
+    ws.packet.Gparse_busy = true;
     int pt = 0;
     int stepNo = 0;
     try {
         for (const Step& step : kSteps) {
             ++stepNo;
             Hit hit;
-            if (!Find(rt.Gline_buffer, step, hit)) continue;
+            if (!Find(ws.packet.Gline_buffer, step, hit)) continue;
             // Progress numbers run in hundreds by step, so a report tells
             // which step and how far into it.
             pt = stepNo * 100;
             // The step reads a copy: what it calls may not touch the buffer,
             // but the copy keeps positions honest if something does.
-            const QString buf = rt.Gline_buffer;
+            const QString buf = ws.packet.Gline_buffer;
             step.act(ws, buf, hit, pt);
-            Leave(rt.Gline_buffer, step.leaves, hit);
+            Leave(ws.packet.Gline_buffer, step.leaves, hit);
         }
         pt = 1300;
-        if (rt.Gline_buffer.size() > kLineBufferLimit) rt.Gline_buffer.clear();
+        if (ws.packet.Gline_buffer.size() > kLineBufferLimit) ws.packet.Gline_buffer.clear();
     } catch (const std::exception& e) {
-        disply_text_alarms(ws, "Kettlewick packet parsing Err: " + QString::fromUtf8(e.what()) +
-                                   " Err pt: " + QString::number(pt));
-        rt.Gline_buffer.clear();
+        station::disply_text_alarms(
+            ws, "Kettlewick packet parsing Err: " + QString::fromUtf8(e.what()) +
+                    " Err pt: " + QString::number(pt));
+        ws.packet.Gline_buffer.clear();
     } catch (...) {
-        disply_text_alarms(ws, "Kettlewick packet parsing Err:  Err pt: " + QString::number(pt));
-        rt.Gline_buffer.clear();
+        station::disply_text_alarms(ws, "Kettlewick packet parsing Err:  Err pt: " +
+                                            QString::number(pt));
+        ws.packet.Gline_buffer.clear();
     }
-    rt.Gparse_busy = false;
+    ws.packet.Gparse_busy = false;
 }
 
 } // namespace acq

@@ -1,28 +1,24 @@
 #include "acquisition/startup.h"
 
-#include "acquisition/events.h"
 #include "acquisition/link.h"
 #include "acquisition/live_fields.h"
-#include "acquisition/workstation.h"
 #include "chart/chart.h"
 #include "config/config_file.h"
 #include "config/setup_handlers.h"
 #include "depth/lag.h"
 #include "store/lifecycle.h"
 #include "wits/wits_file.h"
+#include "workstation/events.h"
+#include "workstation/workstation.h"
 
 #include <QDir>
 #include <QLockFile>
 
 namespace acq {
 
-QString Revision() {
-    return QStringLiteral(GASCHART_REVISION);
-}
-
 QString MainTitle(const Workstation& ws) {
-    if (ws.fm_Gas_Chart.minimized) return ws.rt.UnitSerial + " Ver " + Revision();
-    return " Ombri Instruments Gas Chart  Version: " + Revision();
+    if (ws.fm_Gas_Chart.minimized) return ws.packet.UnitSerial + " Ver " + station::Revision();
+    return " Ombri Instruments Gas Chart  Version: " + station::Revision();
 }
 
 namespace {
@@ -39,48 +35,47 @@ bool TakeSingleCopyLock(Workstation& ws) {
 } // namespace
 
 bool Form_Load(Workstation& ws) {
-    auto& rt = ws.rt;
     auto& main = ws.fm_Gas_Chart;
 
     // 1. Scalar defaults.
-    rt.Grefresh_seconds = 180;
-    rt.Gline_lag_seconds = 120;
-    rt.Gline_lag_count = 120;
-    rt.Gline_lag_ok = true;
-    rt.Goff_bottom_mode = 0;
-    rt.Glast_alarm_text.clear();
+    ws.chart.Grefresh_seconds = 180;
+    ws.depth.Gline_lag_seconds = 120;
+    ws.depth.Gline_lag_count = 120;
+    ws.depth.Gline_lag_ok = true;
+    ws.depth.Goff_bottom_mode = 0;
+    ws.packet.Glast_alarm_text.clear();
 
     // 2. Empty viewer.
     clear_vis_fields(ws);
 
     // 3. The assignable WITS column starts on gamma.
-    rt.Gwits_column = 4;
+    ws.chart.Gwits_column = 4;
 
     // 4. Flags.
-    rt.Guptime_percent = 100;
-    rt.Gstarting_up = true;
-    rt.Gtransfer_active = false;
-    rt.Gtransfer_hold = false;
-    rt.Gtransfer_buffer.clear();
-    rt.Gpumps_manual = false;
-    rt.Gwits_alive = 0;
+    ws.link.Guptime_percent = 100;
+    ws.loop.Gstarting_up = true;
+    ws.packet.Gtransfer_active = false;
+    ws.packet.Gtransfer_hold = false;
+    ws.packet.Gtransfer_buffer.clear();
+    ws.wits.Gpumps_manual = false;
+    ws.wits.Gwits_alive = 0;
     main.cmd_WITS_info.setCaption("WITS Disconnected");
     main.cmd_WITS_info.setBackColor(forms::color::Red);
-    rt.Guse_tcp = false;
-    rt.Gsock_state = 0;
-    rt.Gtcp_host.clear();
-    rt.Gtcp_port.clear();
+    ws.link.Guse_tcp = false;
+    ws.link.Gsock_state = 0;
+    ws.link.Gtcp_host.clear();
+    ws.link.Gtcp_port.clear();
 
     // 5. Default paths under the program folder.
     main.txt_db_path.setText(ws.programFile("DB_CUE/V11_DEMO.DB"));
     ws.fm_setup.txt_stats_filename.setText(ws.programFile("DB_CUE/AUTOTALLY.TXT"));
     ws.fm_setup.txt_autogen_dir.setText(ws.programFile("DB_CUE"));
-    rt.autogen_dir = ws.programDir;
+    ws.products.autogen_dir = ws.programDir;
 
     // 6. Settings, first read, and the WITS item names.
     config::ReadConfigFile(ws);
     wits::LoadWitsFile(ws);
-    rt.Gdata_separator = "\t";
+    ws.products.Gdata_separator = "\t";
 
     // 7. Panels loaded hidden; the setup panel's load fills its lists,
     // alarm date and time, zone note and colours.
@@ -89,13 +84,13 @@ bool Form_Load(Workstation& ws) {
     config::fm_setup_Load(ws);
 
     // 8. Link wanted, first attempt in 5 seconds.
-    rt.Glink_countdown = 5;
-    rt.Glink_mode = 1;
+    ws.link.Glink_countdown = 5;
+    ws.link.Glink_mode = 1;
     main.cmd_comm1.setBackColor(forms::color::Red);
 
     // 9. Title and table.
     main.form.setCaption(MainTitle(ws));
-    rt.Gtable_name = "OMBRI_DB_010";
+    ws.db.Gtable_name = "OMBRI_DB_010";
 
     // 10. One running copy only.
     if (!TakeSingleCopyLock(ws)) {
@@ -119,8 +114,8 @@ bool Form_Load(Workstation& ws) {
     depth::Collect_ROP_Data(ws);
 
     // 15.
-    disply_text_alarms(ws, "Use database version " + rt.Gtable_name);
-    disply_text_alarms(ws, "Software Version: " + Revision());
+    station::disply_text_alarms(ws, "Use database version " + ws.db.Gtable_name);
+    station::disply_text_alarms(ws, "Software Version: " + station::Revision());
 
     // 16.
     ws.StartTimers();
@@ -129,11 +124,11 @@ bool Form_Load(Workstation& ws) {
     // 17. Settings, second read: it wins. The autogen folder always starts
     // as the program folder.
     config::ReadConfigFile(ws);
-    rt.autogen_dir = ws.programDir;
-    ws.fm_setup.txt_autogen_dir.setText(rt.autogen_dir);
+    ws.products.autogen_dir = ws.programDir;
+    ws.fm_setup.txt_autogen_dir.setText(ws.products.autogen_dir);
 
     // 18.
-    rt.Gstarting_up = false;
+    ws.loop.Gstarting_up = false;
     config::txt_gas_units_Change(ws);
     chart::make_chart(ws);
 
@@ -147,7 +142,7 @@ bool Form_Load(Workstation& ws) {
 namespace {
 
 void SaveSettings(Workstation& ws) {
-    ws.rt.Grefresh_count = ws.rt.Grefresh_seconds;
+    ws.chart.Grefresh_count = ws.chart.Grefresh_seconds;
     config::WriteConfigFile(ws);
     depth::WriteLagTable(ws);
 }
@@ -158,7 +153,7 @@ void CloseEverything(Workstation& ws) {
     close_winsock(ws);
     Close_Serialport(ws);
     store::CloseSharedDb(ws);
-    UnloadAllForms(ws, "fm_Gas_Chart");
+    station::UnloadAllForms(ws, "fm_Gas_Chart");
 }
 
 } // namespace

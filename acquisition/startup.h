@@ -7,8 +7,6 @@ class Workstation;
 
 namespace acq {
 
-// The program revision shown in the title and the message box.
-QString Revision();
 // The main screen's title: the long form, or the short one when minimized.
 QString MainTitle(const Workstation& ws);
 

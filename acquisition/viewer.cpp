@@ -1,6 +1,6 @@
 #include "acquisition/viewer.h"
 
-#include "acquisition/workstation.h"
+#include "workstation/workstation.h"
 
 #include <QDesktopServices>
 #include <QUrl>
@@ -10,7 +10,7 @@ namespace acq {
 void text_window_KeyPress(Workstation& ws, QChar key) {
     const QString one(key);
     if (ws.MSComm1.PortOpen()) ws.MSComm1.Output(one);
-    if (ws.rt.Gsock_state == 7) ws.Winsock_ombri.SendData(one);
+    if (ws.link.Gsock_state == 7) ws.Winsock_ombri.SendData(one);
 }
 
 bool more_data_QueryUnload(Workstation& ws) {

@@ -1,7 +1,7 @@
 #include "acquisition/wits_roles.h"
 
-#include "acquisition/workstation.h"
 #include "text/numbers.h"
+#include "workstation/workstation.h"
 
 namespace acq {
 
@@ -35,7 +35,7 @@ const std::vector<WitsRole>& WitsRoleTable() {
 }
 
 void StoreWitsItem(Workstation& ws, int code, double value) {
-    auto& slots = ws.rt.Gwits_values;
+    auto& slots = ws.wits.Gwits_values;
     for (const WitsRole& role : WitsRoleTable()) {
         for (int c : role.codes) {
             if (c != 0 && c == code) slots[role.slot] = role.wholePart ? text::Fix(value) : value;
@@ -45,7 +45,7 @@ void StoreWitsItem(Workstation& ws, int code, double value) {
     for (int i = 0; i < static_cast<int>(custom.size()); ++i) {
         if (text::Val(custom[i].text()) == code) {
             slots[kFirstCustomSlot + i] = value;
-            ws.rt.Gwits_custom_hold = 300;
+            ws.wits.Gwits_custom_hold = 300;
         }
     }
 }

@@ -6,10 +6,11 @@
 // --pictures saves a picture of every screen, and the words on them, into
 // FOLDER every two seconds, for someone helping from afar.
 #include "acquisition/startup.h"
-#include "acquisition/workstation.h"
+#include "acquisition/tick_table.h"
 #include "platform/stop_signals.h"
 #include "ui/desktop.h"
 #include "ui/pictures.h"
+#include "workstation/workstation.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -28,6 +29,7 @@ int main(int argc, char** argv) {
 
     ui::Desktop desktop;
     Workstation ws(QCoreApplication::applicationDirPath(), &desktop.dialogs());
+    acq::Wire(ws);
     // The views go before the workstation does, however main() is left.
     struct Detach {
         ui::Desktop& desktop;

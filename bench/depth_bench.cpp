@@ -5,11 +5,11 @@
 //
 // The job is made once into the system's temporary folder and reused by
 // later runs; delete gaschart-depth-bench there to make it again.
-#include "acquisition/workstation.h"
+#include "db/recordset.h"
+#include "db/schema.h"
 #include "depth/lag.h"
-#include "store/recordset.h"
-#include "store/schema.h"
 #include "tools/common/drilling_model.h"
+#include "workstation/workstation.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -30,9 +30,9 @@ QString JobPath() {
 
 int32_t CountRecords(const QString& path) {
     try {
-        store::Database db = store::OpenDatabase(path);
-        return db.OpenRecordset(store::RecordQuery(store::kRecordTable)).RecordCount();
-    } catch (const store::DbError&) {
+        db::Database db = db::OpenDatabase(path);
+        return db.OpenRecordset(db::RecordQuery(db::kRecordTable)).RecordCount();
+    } catch (const db::DbError&) {
         return -1;
     }
 }
@@ -44,9 +44,9 @@ void MakeJob(const QString& path) {
     QFile::remove(path);
     QFile::remove(path + "-wal");
     QFile::remove(path + "-shm");
-    store::MakeBlankJob(path, store::kRecordTable);
-    store::Database db = store::OpenDatabase(path);
-    store::Recordset rs = db.OpenRecordset(store::RecordQuery(store::kRecordTable));
+    db::MakeBlankJob(path, db::kRecordTable);
+    db::Database db = db::OpenDatabase(path);
+    db::Recordset rs = db.OpenRecordset(db::RecordQuery(db::kRecordTable));
     drill::Model model;
     long total = 0;
     db.BeginTrans();
@@ -110,7 +110,7 @@ struct Station {
 };
 
 void CheckNoError(benchmark::State& state, Workstation& ws) {
-    if (ws.rt.Gdb_error) state.SkipWithError("the pass failed; see ERR_LOG.TXT");
+    if (ws.db.Gdb_error) state.SkipWithError("the pass failed; see ERR_LOG.TXT");
 }
 
 // CPU seconds of the finished child processes so far: on a shared machine
@@ -163,7 +163,7 @@ void CollectRopData(benchmark::State& state) {
 void FixTotalStrokes(benchmark::State& state) {
     Station s;
     for (auto _ : state) depth::Fix_total_strokes(s.ws);
-    if (s.ws.rt.Gtotal_strokes <= 0) state.SkipWithError("no stroke total");
+    if (s.ws.depth.Gtotal_strokes <= 0) state.SkipWithError("no stroke total");
 }
 
 void FloorReadLag(benchmark::State& state) {

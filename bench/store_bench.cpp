@@ -8,10 +8,10 @@
 //   RecordsetScan    MoveFirst .. Eof reading five columns
 //   ShellScan        the floor: the same columns in the same order through the
 //                    SQLite shell, output thrown away
-#include "acquisition/workstation.h"
+#include "db/schema.h"
 #include "store/lifecycle.h"
 #include "store/record_writer.h"
-#include "store/schema.h"
+#include "workstation/workstation.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -37,10 +37,10 @@ QString BenchFolder() {
 long long Count(const QString& path) {
     if (!QFile::exists(path)) return 0;
     try {
-        return store::OpenDatabase(path)
-            .OpenRecordset(store::RecordQuery(store::kRecordTable))
+        return db::OpenDatabase(path)
+            .OpenRecordset(db::RecordQuery(db::kRecordTable))
             .RecordCount();
-    } catch (const store::DbError&) {
+    } catch (const db::DbError&) {
         return 0;
     }
 }
@@ -48,9 +48,9 @@ long long Count(const QString& path) {
 // Rows as the writer leaves them: every column set, times six seconds apart,
 // depth growing, the diagnostic pairs alternating.
 void Generate(const QString& path) {
-    store::RemoveJobFile(path);
-    store::MakeBlankJob(path, store::kRecordTable);
-    store::Database db = store::OpenDatabase(path);
+    db::RemoveJobFile(path);
+    db::MakeBlankJob(path, db::kRecordTable);
+    db::Database db = db::OpenDatabase(path);
     db.Execute(QString(R"(
         WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < %1)
         INSERT INTO OMBRI_DB_010 (ID, PACKET_NUM, SERIAL_NUM, DATE_TXT, TIME_TXT, DT, DEPTH,
@@ -88,13 +88,13 @@ void SaveKWDataRows(benchmark::State& state) {
     QTemporaryDir dir;
     Workstation ws(dir.path());
     const QString job = dir.path() + "/live.db";
-    store::MakeBlankJob(job, store::kRecordTable);
+    db::MakeBlankJob(job, db::kRecordTable);
     ws.fm_Gas_Chart.txt_db_path.setText(job);
-    auto& f = ws.rt.Gombri_data_array;
+    auto& f = ws.packet.Gombri_data_array;
     for (int i = 0; i < 40; ++i) f[i] = QString::number(i) + ".5";
     f[acq::SERIALNUM] = "KW1042";
     f[acq::ERRTXT] = "0 ";
-    ws.rt.Gwits_values[8] = 95;
+    ws.wits.Gwits_values[8] = 95;
     const QDateTime start(QDate(2026, 11, 1), QTime(6, 0, 0));
     long n = 0;
     for (auto _ : state) {
@@ -105,7 +105,7 @@ void SaveKWDataRows(benchmark::State& state) {
         f[acq::PACKETNUM] = QString::number(n);
         store::SaveKWData(ws);
     }
-    if (ws.rt.Gdb_error) state.SkipWithError("a row failed");
+    if (ws.db.Gdb_error) state.SkipWithError("a row failed");
     state.SetItemsProcessed(state.iterations());
 }
 
@@ -114,14 +114,14 @@ void Verify(benchmark::State& state) {
     QString job = BaseJob();
     if (shuffled) {
         job = BenchFolder() + "/job-1m-shuffled.db";
-        store::CopyDatabase(BaseJob(), job);
+        db::CopyDatabase(BaseJob(), job);
     }
     QTemporaryDir dir;
     Workstation ws(dir.path());
     for (auto _ : state) {
         if (shuffled) {
             state.PauseTiming();
-            store::Database db = store::OpenDatabase(job);
+            db::Database db = db::OpenDatabase(job);
             db.Execute("UPDATE OMBRI_DB_010 SET ID = -ID");
             db.Close();
             state.ResumeTiming();
@@ -134,9 +134,9 @@ void Verify(benchmark::State& state) {
 }
 
 void RecordsetScan(benchmark::State& state) {
-    store::Database db = store::OpenDatabase(BaseJob());
+    db::Database db = db::OpenDatabase(BaseJob());
     for (auto _ : state) {
-        store::Recordset rs = db.OpenRecordset(store::RecordQuery(store::kRecordTable));
+        db::Recordset rs = db.OpenRecordset(db::RecordQuery(db::kRecordTable));
         double sum = 0;
         long rows = 0;
         for (rs.MoveFirst(); !rs.Eof(); rs.MoveNext()) {

@@ -1,6 +1,6 @@
 // Timer ticks of this subsystem whose work is not built yet: each runs and
 // does nothing until its subsystem lands.
-#include "acquisition/timers.h"
+#include "chromatograph/chro_timers.h"
 
 namespace chromatograph {
 void fm_chro_Timer1_Timer(Workstation&) {}

@@ -2,9 +2,8 @@
 // the settings file current.
 #include "config/config_file.h"
 
-#include "acquisition/timers.h"
-#include "acquisition/workstation.h"
 #include "platform/files.h"
+#include "workstation/workstation.h"
 
 #include <QFile>
 #include <QFileInfo>

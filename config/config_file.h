@@ -35,5 +35,7 @@ bool FileExists(const Workstation& ws, const QString& name);
 bool FileNameCheck(const QString& name);
 // Appends one line to ERR_LOG.TXT in the program folder.
 void AppendErrLog(const Workstation& ws, const QString& text);
+// Writes the file every minute.
+void tmr_save_ini_Timer(Workstation& ws);
 
 } // namespace config

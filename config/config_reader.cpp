@@ -2,11 +2,11 @@
 // against each whole tag, every tag in turn, so the order of the lines does
 // not matter (except that the TCP port line names the address read before
 // it). Whatever a line holds, the worst it can do is give a 0.
-#include "acquisition/workstation.h"
 #include "config/config_file.h"
 #include "config/config_tags.h"
 #include "config/gas_rows.h"
 #include "text/numbers.h"
+#include "workstation/workstation.h"
 
 #include <QFile>
 #include <QStringDecoder>

@@ -1,8 +1,8 @@
 #include "config/config_tags.h"
 
-#include "acquisition/workstation.h"
 #include "config/setup_handlers.h"
 #include "text/numbers.h"
+#include "workstation/workstation.h"
 
 namespace config {
 
@@ -106,8 +106,8 @@ void ReadGasScale(Settings& s, double low, double high) {
 // typed in the box, so the box survives a restart even before the link
 // was ever set up.
 QString TcpPart(Workstation& ws, bool port) {
-    const QString& kept = port ? ws.rt.Gtcp_port : ws.rt.Gtcp_host;
-    if (!ws.rt.Gtcp_host.isEmpty()) return kept;
+    const QString& kept = port ? ws.link.Gtcp_port : ws.link.Gtcp_host;
+    if (!ws.link.Gtcp_host.isEmpty()) return kept;
     const QString box = ws.fm_setup.txt_TCP_ip_port.text();
     const qsizetype colon = box.indexOf(':');
     if (colon < 0) return port ? QString() : box;
@@ -123,8 +123,10 @@ std::vector<Entry> BuildEntries() {
     std::vector<Entry> t;
     t.push_back(Value(
         "[SERIALNUMBER]",
-        [](Workstation& ws, const QString& v) { ws.rt.Gserial_number = text::Str(text::Val(v)); },
-        [](Workstation& ws) { return ws.rt.Gserial_number; }));
+        [](Workstation& ws, const QString& v) {
+            ws.packet.Gserial_number = text::Str(text::Val(v));
+        },
+        [](Workstation& ws) { return ws.packet.Gserial_number; }));
     t.push_back(Value(
         "[ZOOM VIEW]", [](Workstation& ws, const QString& v) { ws.settings.Zoom = text::Val(v); },
         [](Workstation& ws) { return text::Str(ws.settings.Zoom); }));
@@ -142,10 +144,10 @@ std::vector<Entry> BuildEntries() {
             // would redraw the chart all the time.
             int32_t n = text::CLng(text::Val(v));
             if (n < 10) n = 10;
-            ws.rt.Grefresh_seconds = n;
+            ws.chart.Grefresh_seconds = n;
             ws.fm_Gas_Chart.txt_refresh_timer.setText(QString::number(n));
         },
-        [](Workstation& ws) { return QString::number(ws.rt.Grefresh_seconds); }));
+        [](Workstation& ws) { return QString::number(ws.chart.Grefresh_seconds); }));
 
     // Gains and scales.
     t.push_back(Text("[CG VISIBLE GAIN]", SETUP(txt_cg_gain)));
@@ -227,15 +229,15 @@ std::vector<Entry> BuildEntries() {
     // The instrument over TCP. The port line names the box as well, so it
     // must come after the address line.
     t.push_back(OldBox("[USE TCP]", "[DO NOT USE TCP]", "", SETUP(ck_Use_TCP),
-                       [](Workstation& ws, const QString&) { ws.rt.Guse_tcp = true; }));
+                       [](Workstation& ws, const QString&) { ws.link.Guse_tcp = true; }));
     t.push_back(Value(
-        "[TCP IP]", [](Workstation& ws, const QString& v) { ws.rt.Gtcp_host = v; },
+        "[TCP IP]", [](Workstation& ws, const QString& v) { ws.link.Gtcp_host = v; },
         [](Workstation& ws) { return TcpPart(ws, false); }));
     t.push_back(Value(
         "[TCP PORT]",
         [](Workstation& ws, const QString& v) {
-            ws.rt.Gtcp_port = v;
-            ws.fm_setup.txt_TCP_ip_port.setText(ws.rt.Gtcp_host + ":" + v);
+            ws.link.Gtcp_port = v;
+            ws.fm_setup.txt_TCP_ip_port.setText(ws.link.Gtcp_host + ":" + v);
         },
         [](Workstation& ws) { return TcpPart(ws, true); }));
     t.push_back(Text("[KETTLEWICK TCP LUT VALUE]", SETUP(txt_KW_lut)));
@@ -245,7 +247,7 @@ std::vector<Entry> BuildEntries() {
     t.push_back(Value(
         "[WITS ITEM]",
         [](Workstation& ws, const QString& v) { ApplyWitsItem(ws, text::CLng(text::Val(v))); },
-        [](Workstation& ws) { return QString::number(ws.rt.Gwits_column); }));
+        [](Workstation& ws) { return QString::number(ws.chart.Gwits_column); }));
     t.push_back(OldBox("[GAMMA ON]", "[GAMMA OFF]", "", SETUP(ck_gamma)));
     t.push_back(Box("[METRIC ON]", "[METRIC OFF]", "", SETUP(ck_metric)));
 
@@ -362,7 +364,7 @@ std::vector<Entry> BuildEntries() {
                 ws.fm_setup.op_conn_using_serial.setValue(1);
             } else {
                 ws.fm_setup.ck_Use_TCP.setValue(1);
-                ws.rt.Guse_tcp = true;
+                ws.link.Guse_tcp = true;
             }
         },
         [](Workstation& ws) { return ws.fm_setup.op_conn_using_serial.checked() ? 0 : 1; }));

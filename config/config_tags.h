@@ -2,7 +2,7 @@
 // The lines of OM_10_config.txt: one entry per setting, in the order the
 // writer puts them, each knowing how it is written and which tags read it.
 
-#include "config/settings.h"
+#include "workstation/settings.h"
 
 #include <QString>
 #include <QStringList>

@@ -1,12 +1,11 @@
 // The writer of OM_10_config.txt: a header the reader passes over, then
 // every tag in one fixed order, the whole file each time.
-#include "acquisition/live_fields.h"
-#include "acquisition/startup.h"
-#include "acquisition/workstation.h"
 #include "config/config_file.h"
 #include "config/config_tags.h"
 #include "platform/files.h"
 #include "text/numbers.h"
+#include "workstation/messages.h"
+#include "workstation/workstation.h"
 
 #include <QCoreApplication>
 
@@ -61,7 +60,7 @@ QByteArray ConfigText(Workstation& ws) {
         << "-------------------------------------------"
         << "Diagnostic Information"
         << "-------------------------------------------"
-        << "[APP PATH] " + ws.programDir << "[APP VER] " + acq::Revision()
+        << "[APP PATH] " + ws.programDir << "[APP VER] " + station::Revision()
         << "[APP EXE NAME] " + ProgramName() + ".exe"
         << "-------------------------------------------"
         << "Program Function Information"
@@ -77,8 +76,8 @@ void WriteConfigFile(Workstation& ws) {
     // A folder that can't be written would otherwise say so every minute:
     // one message until a write succeeds again.
     if (!ok && !ws.settings.writeFailed)
-        acq::disply_text_alarms(ws, "Write Config File Err: " + QString(kConfigFileName) +
-                                        " could not be written in " + ws.programDir);
+        station::disply_text_alarms(ws, "Write Config File Err: " + QString(kConfigFileName) +
+                                            " could not be written in " + ws.programDir);
     ws.settings.writeFailed = !ok;
 }
 

@@ -4,8 +4,8 @@
 // colour and gain. One table serves the colour picks, the gain boxes and the
 // configuration file.
 
-#include "config/settings.h"
 #include "forms/fm_setup.h"
+#include "workstation/settings.h"
 
 #include <array>
 

@@ -2,12 +2,12 @@
 // rows of the setup panel, which are the working copy the lag engine reads.
 // Each routine opens its own connection to the file of txt_db_path and
 // closes it again, whatever happens.
-#include "acquisition/live_fields.h"
-#include "acquisition/workstation.h"
+#include "db/recordset.h"
+#include "db/schema.h"
 #include "depth/lag.h"
-#include "store/recordset.h"
-#include "store/schema.h"
 #include "text/numbers.h"
+#include "workstation/messages.h"
+#include "workstation/workstation.h"
 
 namespace depth {
 
@@ -18,18 +18,18 @@ constexpr int kZones = 6;
 // A failure inside one of the routines: the routine's own prefix, the
 // description and the step it had reached.
 void Report(Workstation& ws, const char* prefix, const QString& what, int step) {
-    acq::disply_text_alarms(ws, QString::fromLatin1(prefix) + what +
-                                    " Err pt: " + QString::number(step));
+    station::disply_text_alarms(ws, QString::fromLatin1(prefix) + what +
+                                        " Err pt: " + QString::number(step));
 }
 
 // Runs one routine's body with the handler every one of them has.
 template <class Body> void Guarded(Workstation& ws, const char* prefix, Body body) {
     int step = 0;
-    store::Database db;
-    store::Recordset rs;
+    db::Database db;
+    db::Recordset rs;
     try {
         body(db, rs, step);
-    } catch (const store::DbError& e) {
+    } catch (const db::DbError& e) {
         Report(ws, prefix, e.description(), step);
     } catch (const std::exception& e) {
         Report(ws, prefix, QString::fromUtf8(e.what()), step);
@@ -45,28 +45,28 @@ template <class Body> void Guarded(Workstation& ws, const char* prefix, Body bod
 } // namespace
 
 void CreateLagTable(Workstation& ws) {
-    Guarded(ws, "Create Lag Table Err: ", [&](store::Database& db, store::Recordset&, int& step) {
+    Guarded(ws, "Create Lag Table Err: ", [&](db::Database& db, db::Recordset&, int& step) {
         step = 1;
-        db = store::OpenDatabase(ws.fm_Gas_Chart.txt_db_path.text());
+        db = db::OpenDatabase(ws.fm_Gas_Chart.txt_db_path.text());
         step = 2;
         try {
-            store::CreateLagParaTable(db);
-        } catch (const store::DbError& e) {
+            db::CreateLagParaTable(db);
+        } catch (const db::DbError& e) {
             // Every file after its first opening has the table: its
             // rows are the job's and stay as they are.
-            if (e.number() != store::err::TableExists) throw;
+            if (e.number() != db::err::TableExists) throw;
         }
         step = 3;
     });
 }
 
 void ReadLagTable(Workstation& ws) {
-    Guarded(ws, "Read Lag Table Err: ", [&](store::Database& db, store::Recordset& rs, int& step) {
+    Guarded(ws, "Read Lag Table Err: ", [&](db::Database& db, db::Recordset& rs, int& step) {
         auto& p = ws.fm_setup;
         step = 1;
-        db = store::OpenDatabase(ws.fm_Gas_Chart.txt_db_path.text(), store::OpenMode::ReadOnly);
+        db = db::OpenDatabase(ws.fm_Gas_Chart.txt_db_path.text(), db::OpenMode::ReadOnly);
         step = 2;
-        rs = db.OpenRecordset(store::kLagQuery);
+        rs = db.OpenRecordset(db::kLagQuery);
         step = 3;
         if (rs.RecordCount() == 0) return;
         rs.MoveFirst();
@@ -90,15 +90,15 @@ void ReadLagTable(Workstation& ws) {
 }
 
 void WriteLagTable(Workstation& ws) {
-    Guarded(ws, "Write Lag Table Err: ", [&](store::Database& db, store::Recordset& rs, int& step) {
+    Guarded(ws, "Write Lag Table Err: ", [&](db::Database& db, db::Recordset& rs, int& step) {
         const auto& p = ws.fm_setup;
         step = 1;
-        db = store::OpenDatabase(ws.fm_Gas_Chart.txt_db_path.text());
+        db = db::OpenDatabase(ws.fm_Gas_Chart.txt_db_path.text());
         step = 2;
-        rs = db.OpenRecordset(store::kLagQuery);
+        rs = db.OpenRecordset(db::kLagQuery);
         step = 3;
         if (rs.RecordCount() == 0) return;
-        store::Transaction t(db);
+        db::Transaction t(db);
         rs.MoveFirst();
         const int selection = p.op_lag_calc_Time.checked() ? 1 : 0;
         for (int i = 1; i <= kZones && !rs.Eof(); ++i) {

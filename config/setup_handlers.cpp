@@ -1,10 +1,10 @@
 #include "config/setup_handlers.h"
 
-#include "acquisition/workstation.h"
 #include "chart/chart.h"
 #include "config/gas_rows.h"
 #include "text/datetime.h"
 #include "text/numbers.h"
+#include "workstation/workstation.h"
 
 namespace config {
 
@@ -14,7 +14,7 @@ using forms::FmSetup;
 namespace {
 
 bool StartingUp(const Workstation& ws) {
-    return ws.rt.Gstarting_up;
+    return ws.loop.Gstarting_up;
 }
 
 const char* const kZoneNote = "Zone 1 is the default lag settings.\r\n"
@@ -78,7 +78,7 @@ const ScaleRule kWitsRule{&FmSetup::txt_wits_scale, &Settings::WitsScale, "0 to 
 
 void CommitScale(Workstation& ws, const ScaleRule& rule) {
     if (StartingUp(ws)) return;
-    ws.rt.Grefresh_count = ws.rt.Grefresh_seconds;
+    ws.chart.Grefresh_count = ws.chart.Grefresh_seconds;
     Control& box = ws.fm_setup.*rule.box;
     const QStringList parts = box.text().split(QStringLiteral("to"));
     if (parts.size() < 2) {
@@ -172,7 +172,7 @@ void ApplyDelimiter(Workstation& ws, int index) {
     static const char* const fixed[3] = {"\t", ",", " "};
     if (index < 0 || index > 3) return;
     ws.fm_setup.op_delim.setValue(index);
-    ws.rt.Gdata_separator =
+    ws.products.Gdata_separator =
         index < 3 ? QString::fromLatin1(fixed[index]) : ws.fm_setup.txt_delim.text();
 }
 
@@ -187,9 +187,9 @@ void txt_delim_Change(Workstation& ws) {
 }
 
 void ApplyWitsItem(Workstation& ws, int index) {
-    if (index < 0 || index >= static_cast<int>(acq::WitsColumnNames().size())) return;
+    if (index < 0 || index >= static_cast<int>(chart::WitsColumnNames().size())) return;
     ws.fm_setup.op_wits_item.setValue(index);
-    ws.rt.Gwits_column = index;
+    ws.chart.Gwits_column = index;
 }
 
 void op_wits_item_Click(Workstation& ws, int index) {
@@ -237,7 +237,7 @@ void txt_surface_lag_Change(Workstation& ws) {
     const double v = text::Val(box.text());
     // The variable keeps what was typed; the box shows the floor, which the
     // next event then reads.
-    ws.rt.Gline_lag_seconds = v;
+    ws.depth.Gline_lag_seconds = v;
     if (v < 1) box.setText("1");
 }
 
@@ -246,7 +246,7 @@ void txt_gas_units_Change(Workstation& ws) {
     CommitScale(ws, kGasRule);
     // Run once at the end of start-up, this is what lets the first chart be
     // drawn: the busy flag stands from the start until here.
-    if (!ws.rt.Gchart_drawing) ws.rt.Gchart_busy = false;
+    if (!ws.chart.Gchart_drawing) ws.chart.Gchart_busy = false;
 }
 
 void txt_rop_scale_Commit(Workstation& ws) {
@@ -276,8 +276,8 @@ void ApplyRopInchesPer100Ft(Workstation& ws) {
 void txt_ROP_in_per_100ft_Commit(Workstation& ws) {
     if (StartingUp(ws)) return;
     ApplyRopInchesPer100Ft(ws);
-    ws.rt.Grefresh_count = ws.rt.Grefresh_seconds;
-    if (!ws.rt.Gchart_busy) chart::make_chart(ws);
+    ws.chart.Grefresh_count = ws.chart.Grefresh_seconds;
+    if (!ws.chart.Gchart_busy) chart::make_chart(ws);
 }
 
 } // namespace config

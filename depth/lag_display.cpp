@@ -1,10 +1,10 @@
 // The lag page of the setup panel, four times a second: the zone factors the
 // passes read, the bottoms-up figures, and the captions that follow the
 // settings.
-#include "acquisition/workstation.h"
 #include "depth/lag.h"
 #include "depth/zones.h"
 #include "text/numbers.h"
+#include "workstation/workstation.h"
 
 namespace depth {
 
@@ -13,10 +13,10 @@ using forms::color::Red;
 
 void tmr_lag_calc_Timer(Workstation& ws) {
     auto& setup = ws.fm_setup;
-    auto& rt = ws.rt;
     auto& d = ws.depth;
 
-    const bool linked = (ws.MSComm1.PortOpen() && rt.Gdetector_found) || rt.Gsock_state == 7;
+    const bool linked =
+        (ws.MSComm1.PortOpen() && ws.link.Gdetector_found) || ws.link.Gsock_state == 7;
     setup.cmd_KW_command[9].setBackColor(linked ? Green : Red);
 
     QString caption = "Recalculate Lag From " +
@@ -26,17 +26,17 @@ void tmr_lag_calc_Timer(Workstation& ws) {
     if (setup.op_lag_calc_Time.checked()) caption += "Using Time / Depth";
     setup.cmd_recalc_lag[1].setCaption(caption);
 
-    setup.lbl_Lag_Depth.setCaption(text::Format(rt.Glag_depth_now, u"0.0"));
+    setup.lbl_Lag_Depth.setCaption(text::Format(ws.depth.Glag_depth_now, u"0.0"));
 
     const ZoneRows zones = ReadZoneRows(setup);
     for (int i = 1; i <= 6; ++i) d.GLagStrPerFt[i] = zones.strPer100Ft[i] / 100;
-    const double depth = text::Val(rt.Gombri_data_array[acq::DEPTH]);
+    const double depth = text::Val(ws.packet.Gombri_data_array[acq::DEPTH]);
     const int zone = ZoneAt(zones, depth, ZoneOne::StartBelow);
     if (zone > 0) d.GBottomsUpStrokes = depth * d.GLagStrPerFt[zone];
 
     if (setup.op_lag_calc_Str.checked()) {
-        if (rt.Gspm > 0 && rt.Gwits_alive > 0) {
-            d.bottomsUpMinutes = d.GBottomsUpStrokes / rt.Gspm;
+        if (ws.wits.Gspm > 0 && ws.wits.Gwits_alive > 0) {
+            d.bottomsUpMinutes = d.GBottomsUpStrokes / ws.wits.Gspm;
             setup.lbl_BU_MIN.setCaption(text::Format(d.bottomsUpMinutes, u"##0.0"));
         } else {
             setup.lbl_BU_MIN.setCaption("pump");

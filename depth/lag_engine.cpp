@@ -1,11 +1,12 @@
 // The lag engine's door: one routine for every kind of pass, its callers,
 // and the clearing of all lag.
-#include "acquisition/live_fields.h"
-#include "acquisition/workstation.h"
-#include "depth/job_error.h"
+#include "db/job_error.h"
 #include "depth/lag.h"
 #include "depth/lag_pass.h"
 #include "text/numbers.h"
+#include "workstation/busy_guard.h"
+#include "workstation/messages.h"
+#include "workstation/workstation.h"
 
 namespace depth {
 
@@ -60,16 +61,16 @@ void RunPasses(LagPass& p) {
 } // namespace
 
 void RecalculateLag(Workstation& ws, long limit, double fromDepth, double toDepth) {
-    auto& rt = ws.rt;
-    if (rt.Gdb_busy) return;
-    rt.Gdb_busy = true;
+    station::BusyFlag busy(ws.db.Gdb_busy);
+    if (!busy) return;
     LagPass p(ws, limit, fromDepth, toDepth);
     try {
         RunPasses(p);
     } catch (...) {
-        acq::disply_text_alarms(ws, "Recalculate Lag Err: " + ErrorText(std::current_exception()) +
-                                        "  Errpt: " + text::Str(p.pt));
-        rt.Gdb_error = true;
+        station::disply_text_alarms(
+            ws, "Recalculate Lag Err: " + db::ErrorText(std::current_exception()) +
+                    "  Errpt: " + text::Str(p.pt));
+        ws.db.Gdb_error = true;
     }
     HideHelp(ws);
     try {
@@ -77,11 +78,10 @@ void RecalculateLag(Workstation& ws, long limit, double fromDepth, double toDept
     } catch (...) {
         // Closing what may not have opened.
     }
-    rt.Gdb_busy = false;
 }
 
 void tmr_recalc_lag_Timer(Workstation& ws) {
-    if (ws.rt.Grefresh_paused) return;
+    if (ws.chart.Grefresh_paused) return;
     RecalculateLag(ws, 400, 0, 0);
 }
 
@@ -98,14 +98,13 @@ void cmd_recalc_lag_Click(Workstation& ws, int index) {
 }
 
 void ClearLag(Workstation& ws) {
-    auto& rt = ws.rt;
-    if (rt.Gdb_busy) return;
-    rt.Gdb_busy = true;
-    store::Database db;
-    store::Recordset rs;
+    station::BusyFlag busy(ws.db.Gdb_busy);
+    if (!busy) return;
+    db::Database db;
+    db::Recordset rs;
     try {
-        db = store::OpenDatabase(ws.fm_Gas_Chart.txt_db_path.text());
-        rs = db.OpenRecordset(" SELECT LAG_GU, DATA1 FROM " + rt.Gtable_name +
+        db = db::OpenDatabase(ws.fm_Gas_Chart.txt_db_path.text());
+        rs = db.OpenRecordset(" SELECT LAG_GU, DATA1 FROM " + ws.db.Gtable_name +
                               " ORDER BY PACKET_NUM");
         // Batches of at most 400 records.
         PassRhythm rhythm(ws, db, 400);
@@ -122,11 +121,11 @@ void ClearLag(Workstation& ws) {
         }
         rhythm.commit();
     } catch (...) {
-        acq::disply_text_alarms(ws, "Clear Lag Err: " + ErrorText(std::current_exception()));
+        station::disply_text_alarms(ws,
+                                    "Clear Lag Err: " + db::ErrorText(std::current_exception()));
     }
     rs.Close();
     db.Close();
-    rt.Gdb_busy = false;
 }
 
 void cmd_Clear_Lag_Click(Workstation& ws) {

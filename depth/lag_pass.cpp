@@ -1,8 +1,8 @@
 #include "depth/lag_pass.h"
 
-#include "acquisition/info_box.h"
-#include "acquisition/workstation.h"
 #include "text/numbers.h"
+#include "workstation/help_box.h"
+#include "workstation/workstation.h"
 
 namespace depth {
 
@@ -16,12 +16,12 @@ LagPass::LagPass(Workstation& w, long lim, double from, double to)
     : ws(w), limit(lim), fromDepth(from), toDepth(to) {}
 
 void LagPass::open() {
-    db = store::OpenDatabase(ws.fm_Gas_Chart.txt_db_path.text());
+    db = db::OpenDatabase(ws.fm_Gas_Chart.txt_db_path.text());
     // Only the columns the passes touch: a whole-file pass reads every row,
     // and the other forty columns would be most of what it reads.
     rs = db.OpenRecordset(" SELECT DEPTH, TOTAL_STROKES, ERR_TXT, MIN_FT, FT_HR, DT, LAG_GU, DATA1 "
                           "FROM " +
-                          ws.rt.Gtable_name + " ORDER BY PACKET_NUM");
+                          ws.db.Gtable_name + " ORDER BY PACKET_NUM");
     cDepth_ = rs.FieldIndex("DEPTH");
     cStrokes_ = rs.FieldIndex("TOTAL_STROKES");
     cErr_ = rs.FieldIndex("ERR_TXT");
@@ -50,7 +50,7 @@ double LagPass::MinFt() const {
 }
 
 std::optional<double> LagPass::Strokes() const {
-    const store::Variant v = rs.Fields(cStrokes_);
+    const db::Variant v = rs.Fields(cStrokes_);
     if (v.isNull()) return std::nullopt;
     return v.toDouble();
 }
@@ -101,7 +101,7 @@ void LagPass::Progress(int value) {
 
 void LagPass::ShowLagDepth(double d) {
     ws.more_data.lbl_current_lag_depth.setCaption(text::Format(d, u"0.0"));
-    ws.rt.Glag_depth_now = d;
+    ws.depth.Glag_depth_now = d;
 }
 
 void LagPass::ShowHelp(const QString& title, const QString& line) {
@@ -110,9 +110,9 @@ void LagPass::ShowHelp(const QString& title, const QString& line) {
     if (routine) return;
     ws.fm_help.form.setCaption(title);
     ws.fm_help.form.setVisible(true);
-    acq::help_msg(ws, "");
-    acq::help_msg(ws, line);
-    acq::help_msg(ws, "Please wait...");
+    station::help_msg(ws, "");
+    station::help_msg(ws, line);
+    station::help_msg(ws, "Please wait...");
 }
 
 } // namespace depth

@@ -3,8 +3,8 @@
 // the columns they read and write, the batches and yields, and the screen
 // figures they move. Inside the depth subsystem only.
 
+#include "db/recordset.h"
 #include "depth/pass_rhythm.h"
-#include "store/recordset.h"
 
 #include <QString>
 #include <memory>
@@ -24,8 +24,8 @@ class LagPass {
     LagPass(Workstation& ws, long limit, double fromDepth, double toDepth);
 
     Workstation& ws;
-    store::Database db;
-    store::Recordset rs;
+    db::Database db;
+    db::Recordset rs;
     std::unique_ptr<PassRhythm> rhythm;
     long limit;
     double fromDepth;

@@ -1,9 +1,9 @@
 // The rate of penetration pass of a whole-file lag recalculation: MIN_FT and
 // FT_HR of every record from the time its foot took. A record takes the rate
 // of its foot's end, and each record up to the next depth change repeats it.
-#include "acquisition/workstation.h"
 #include "depth/lag_pass.h"
 #include "text/numbers.h"
+#include "workstation/workstation.h"
 
 #include <cmath>
 

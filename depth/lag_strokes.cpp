@@ -3,12 +3,12 @@
 // The work cursor steps back one record at a time; the search runs ahead of
 // it into the past and, since the target falls as the work record falls,
 // never turns back: the whole pass is linear.
-#include "acquisition/info_box.h"
-#include "acquisition/live_fields.h"
-#include "acquisition/workstation.h"
 #include "depth/lag_pass.h"
 #include "depth/zones.h"
 #include "text/numbers.h"
+#include "workstation/help_box.h"
+#include "workstation/messages.h"
+#include "workstation/workstation.h"
 
 #include <cmath>
 
@@ -63,14 +63,14 @@ void StrokesPass(LagPass& p) {
             if (std::fabs(lastDepth - depth) > kDepthJump && firstLag != 0) {
                 uiCountdown = 0;
                 searchPos = workPos;
-                acq::disply_text_alarms(ws, "Sudden depth change at " + text::Str(depth));
+                station::disply_text_alarms(ws, "Sudden depth change at " + text::Str(depth));
             }
             lastDepth = depth;
             if (std::fabs(lastStrokes - strokes) > kStrokesJump && firstLag != 0) {
                 uiCountdown = 0;
                 searchPos = workPos;
-                acq::disply_text_alarms(ws, QStringLiteral("Sudden Strokes counter change") +
-                                                "\r\n" + "Recalculate lag for whole DB to fix");
+                station::disply_text_alarms(ws, QStringLiteral("Sudden Strokes counter change") +
+                                                    "\r\n" + "Recalculate lag for whole DB to fix");
             }
             lastStrokes = strokes;
             workPos = rs.AbsolutePosition();
@@ -80,7 +80,7 @@ void StrokesPass(LagPass& p) {
             if (uiCountdown == 0) {
                 uiCountdown = static_cast<long>(Fix(ws.Rnd() * 200));
                 p.Progress(searchPos);
-                acq::help_msg(ws, "Working record Strokes: " + text::Str(workPos));
+                station::help_msg(ws, "Working record Strokes: " + text::Str(workPos));
                 const int zone = ZoneAt(ReadZoneRows(ws.fm_setup), depth, ZoneOne::EndAbove);
                 if (zone > 0) strPerFt = ws.depth.GLagStrPerFt[zone];
                 p.rhythm->yield();

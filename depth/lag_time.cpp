@@ -1,11 +1,11 @@
 // The time pass: the lag is counted in records, one record being six seconds
 // of circulation, and records of bad gas do not count as time. A work record
 // takes the depth of the record `back` good records before it.
-#include "acquisition/info_box.h"
-#include "acquisition/workstation.h"
 #include "depth/lag_pass.h"
 #include "depth/zones.h"
 #include "text/numbers.h"
+#include "workstation/help_box.h"
+#include "workstation/workstation.h"
 
 #include <cmath>
 
@@ -69,7 +69,7 @@ void TimePass(LagPass& p) {
             p.pt = 33;
             uiCountdown = static_cast<long>(Fix(ws.Rnd() * 150));
             p.rhythm->yield();
-            acq::help_msg(ws, "Working record Depth: " + text::Str(workPos));
+            station::help_msg(ws, "Working record Depth: " + text::Str(workPos));
             workPos = rs.AbsolutePosition();
             p.Progress(searchPos);
 
@@ -79,8 +79,9 @@ void TimePass(LagPass& p) {
             // Whole minutes only. With WITS down the line lag is not known to
             // be part of the hole's lag, so it is added.
             back = static_cast<long>(Fix(m)) * kRecordsPerMinute;
-            if (ws.rt.Gwits_alive == 0)
-                back = static_cast<long>(Fix(back + ws.rt.Gline_lag_seconds / kSecondsPerRecord));
+            if (ws.wits.Gwits_alive == 0)
+                back =
+                    static_cast<long>(Fix(back + ws.depth.Gline_lag_seconds / kSecondsPerRecord));
 
             p.pt = 36;
             endFlag = !WalkBack(p, back);

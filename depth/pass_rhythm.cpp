@@ -1,7 +1,7 @@
 #include "depth/pass_rhythm.h"
 
-#include "acquisition/events.h"
-#include "acquisition/workstation.h"
+#include "workstation/events.h"
+#include "workstation/workstation.h"
 
 namespace depth {
 
@@ -12,7 +12,7 @@ constexpr qint64 kBatchMs = 250;
 constexpr qint64 kYieldMs = 20;
 } // namespace
 
-PassRhythm::PassRhythm(Workstation& ws, store::Database db, int batchRecords)
+PassRhythm::PassRhythm(Workstation& ws, db::Database db, int batchRecords)
     : ws_(ws), db_(std::move(db)), batchRecords_(batchRecords) {
     // A pass writes only what it works out from other columns (lag depth,
     // rates, the stroke count), and the next pass writes it again. So its
@@ -60,7 +60,7 @@ void PassRhythm::yield() {
 
 void PassRhythm::yieldNow() {
     commit();
-    acq::DoEvents(ws_);
+    station::DoEvents(ws_);
     ++yields_;
     sinceYield_.restart();
 }

@@ -17,7 +17,7 @@
 // Committing first means the writer never finds the lock taken, and between
 // two yields the pass holds it for at most one batch.
 
-#include "store/database.h"
+#include "db/database.h"
 
 #include <QElapsedTimer>
 
@@ -29,7 +29,7 @@ class PassRhythm {
   public:
     // db: the pass's own connection. batchRecords: the most records one
     // batch may hold (1000 unless a job keeps smaller batches of its own).
-    PassRhythm(Workstation& ws, store::Database db, int batchRecords = 1000);
+    PassRhythm(Workstation& ws, db::Database db, int batchRecords = 1000);
     // Keeps what was written: an open batch is committed, and a failure to do
     // so is left to the file's own recovery.
     ~PassRhythm();
@@ -54,7 +54,7 @@ class PassRhythm {
 
   private:
     Workstation& ws_;
-    store::Database db_;
+    db::Database db_;
     int batchRecords_;
     bool open_ = false;
     int batch_ = 0;

@@ -1,14 +1,15 @@
 // The depth arrays from the job file: the records between two positions (or
 // all of them) go through the per-foot collector in packet order.
-#include "acquisition/info_box.h"
-#include "acquisition/live_fields.h"
-#include "acquisition/workstation.h"
-#include "depth/job_error.h"
+#include "db/job_error.h"
+#include "db/recordset.h"
 #include "depth/lag.h"
 #include "depth/pass_rhythm.h"
 #include "depth/rop_collector.h"
-#include "store/recordset.h"
 #include "text/numbers.h"
+#include "workstation/busy_guard.h"
+#include "workstation/help_box.h"
+#include "workstation/messages.h"
+#include "workstation/workstation.h"
 
 #include <utility>
 
@@ -45,7 +46,7 @@ enum Col {
     cPacketNum,
 };
 
-std::optional<double> Opt(const store::Variant& v) {
+std::optional<double> Opt(const db::Variant& v) {
     if (v.isNull()) return std::nullopt;
     return v.toDouble();
 }
@@ -69,7 +70,7 @@ RopOptions ReadOptions(const Workstation& ws, bool lagged) {
     return o;
 }
 
-void ReadRecord(const store::Recordset& rs, RopRecord& r) {
+void ReadRecord(const db::Recordset& rs, RopRecord& r) {
     r.depth = Opt(rs.Fields(cDepth));
     r.lagGu = Opt(rs.Fields(cLagGu));
     r.gasUnits = Opt(rs.Fields(cGasUnits));
@@ -81,13 +82,13 @@ void ReadRecord(const store::Recordset& rs, RopRecord& r) {
     for (int i = 0; i < 7; ++i) r.gas[i] = Opt(rs.Fields(cC1 + i));
 }
 
-void ReadClosing(const store::Recordset& rs, RopRecord& r) {
+void ReadClosing(const db::Recordset& rs, RopRecord& r) {
     r.data1 = Opt(rs.Fields(cData1));
     r.minFt = Opt(rs.Fields(cMinFt));
     r.o2 = Opt(rs.Fields(cO2));
     r.co2 = Opt(rs.Fields(cCO2));
     r.h2s = Opt(rs.Fields(cH2S));
-    const store::Variant dt = rs.Fields(cDt);
+    const db::Variant dt = rs.Fields(cDt);
     r.dt = dt.isNull() ? QDateTime() : dt.toDate();
 }
 
@@ -100,11 +101,11 @@ struct Stretch {
 int32_t Collect(Workstation& ws, Stretch st, bool lagged, int& pt) {
     auto& d = ws.depth;
     pt = 2;
-    store::Database db = store::OpenDatabase(ws.fm_Gas_Chart.txt_db_path.text());
+    db::Database db = db::OpenDatabase(ws.fm_Gas_Chart.txt_db_path.text());
     QString columns;
     for (const char* c : kColumns) columns += (columns.isEmpty() ? "" : ", ") + QString(c);
-    store::Recordset rs = db.OpenRecordset(" SELECT " + columns + " FROM " + ws.rt.Gtable_name +
-                                           " ORDER BY PACKET_NUM");
+    db::Recordset rs = db.OpenRecordset(" SELECT " + columns + " FROM " + ws.db.Gtable_name +
+                                        " ORDER BY PACKET_NUM");
     if (rs.RecordCount() == 0) return 0;
 
     pt = 3;
@@ -126,8 +127,8 @@ int32_t Collect(Workstation& ws, Stretch st, bool lagged, int& pt) {
     if (!(st.ranged && toRead <= kQuietRange)) {
         help.form.setCaption("Gathering ROP Data From Database");
         help.form.setVisible(true);
-        acq::help_msg(ws, "");
-        acq::help_msg(ws, lagged ? "Gathering LAGGED ROP data..." : "Gathering ROP data...");
+        station::help_msg(ws, "");
+        station::help_msg(ws, lagged ? "Gathering LAGGED ROP data..." : "Gathering ROP data...");
     }
     PassRhythm rhythm(ws, db);
     rhythm.yieldNow();
@@ -142,7 +143,7 @@ int32_t Collect(Workstation& ws, Stretch st, bool lagged, int& pt) {
 
     pt = 6;
     int32_t read = 0;
-    store::Variant lastPacket;
+    db::Variant lastPacket;
     while (!rs.Eof()) {
         ReadRecord(rs, r);
         if (collector.crosses(r)) ReadClosing(rs, r);
@@ -170,9 +171,8 @@ int32_t Collect(Workstation& ws, Stretch st, bool lagged, int& pt) {
 
 void Collect_ROP_Data(Workstation& ws, int32_t& firstRec, int32_t& lastRec, bool lagged,
                       int32_t& result) {
-    auto& rt = ws.rt;
-    if (rt.Gdb_busy) return;
-    rt.Gdb_busy = true;
+    station::BusyFlag busy(ws.db.Gdb_busy);
+    if (!busy) return;
     int pt = 1;
     try {
         if (firstRec >= 0 && lastRec >= 0) {
@@ -181,11 +181,11 @@ void Collect_ROP_Data(Workstation& ws, int32_t& firstRec, int32_t& lastRec, bool
             firstRec = lastRec;
         }
     } catch (...) {
-        acq::disply_text_alarms(ws, "DB ROP Chart Err: " + ErrorText(std::current_exception()) +
+        station::disply_text_alarms(ws,
+                                    "DB ROP Chart Err: " + db::ErrorText(std::current_exception()) +
                                         "  Err pt: " + text::Str(pt));
     }
     ws.fm_help.form.setVisible(false);
-    rt.Gdb_busy = false;
 }
 
 void Collect_ROP_Data(Workstation& ws) {

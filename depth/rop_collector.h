@@ -3,7 +3,7 @@
 // records go in one at a time, in packet order, and the depth arrays fill as
 // feet are closed. Collect_ROP_Data feeds it from the job file.
 
-#include "depth/depth_state.h"
+#include "workstation/depth_state.h"
 
 #include <QDateTime>
 #include <array>

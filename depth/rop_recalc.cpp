@@ -2,13 +2,14 @@
 // geolograph has been renumbered.
 #include "depth/rop_recalc.h"
 
-#include "acquisition/live_fields.h"
-#include "acquisition/workstation.h"
-#include "depth/job_error.h"
+#include "db/job_error.h"
+#include "db/recordset.h"
 #include "depth/lag.h"
 #include "depth/pass_rhythm.h"
-#include "store/recordset.h"
 #include "text/numbers.h"
+#include "workstation/busy_guard.h"
+#include "workstation/messages.h"
+#include "workstation/workstation.h"
 
 #include <cstdlib>
 #include <utility>
@@ -27,9 +28,9 @@ namespace {
 
 int32_t Recalculate(Workstation& ws, int32_t first, int32_t last, int& pt) {
     pt = 2;
-    store::Database db = store::OpenDatabase(ws.fm_Gas_Chart.txt_db_path.text());
-    store::Recordset rs = db.OpenRecordset(" SELECT DEPTH, DT, MIN_FT FROM " + ws.rt.Gtable_name +
-                                           " ORDER BY PACKET_NUM");
+    db::Database db = db::OpenDatabase(ws.fm_Gas_Chart.txt_db_path.text());
+    db::Recordset rs = db.OpenRecordset(" SELECT DEPTH, DT, MIN_FT FROM " + ws.db.Gtable_name +
+                                        " ORDER BY PACKET_NUM");
     if (rs.RecordCount() == 0) return 0;
     rs.MoveFirst();
     rs.MoveLast();
@@ -78,17 +79,16 @@ int32_t Recalculate(Workstation& ws, int32_t first, int32_t last, int& pt) {
 } // namespace
 
 void recalculate_rop(Workstation& ws, int32_t& firstRec, int32_t& lastRec, int32_t& result) {
-    auto& rt = ws.rt;
-    if (rt.Gdb_busy) return;
-    rt.Gdb_busy = true;
+    station::BusyFlag busy(ws.db.Gdb_busy);
+    if (!busy) return;
     int pt = 1;
     try {
         result = Recalculate(ws, firstRec, lastRec, pt);
     } catch (...) {
-        acq::disply_text_alarms(ws, "DB ROP Chart Err: " + ErrorText(std::current_exception()) +
+        station::disply_text_alarms(ws,
+                                    "DB ROP Chart Err: " + db::ErrorText(std::current_exception()) +
                                         "  Err pt: " + text::Str(pt));
     }
-    rt.Gdb_busy = false;
 }
 
 } // namespace depth

@@ -1,13 +1,14 @@
 // The pump stroke count the strokes lag stands on: rebuilt over the whole
 // job from the strokes per minute, and carried into Gtotal_strokes when a
 // job is opened so that counting goes on where it stopped.
-#include "acquisition/info_box.h"
-#include "acquisition/live_fields.h"
-#include "acquisition/workstation.h"
+#include "db/recordset.h"
 #include "depth/lag.h"
 #include "depth/pass_rhythm.h"
-#include "store/recordset.h"
 #include "text/numbers.h"
+#include "workstation/busy_guard.h"
+#include "workstation/help_box.h"
+#include "workstation/messages.h"
+#include "workstation/workstation.h"
 
 namespace depth {
 
@@ -16,13 +17,13 @@ namespace {
 // Fix_total_strokes commits every 800 rows.
 constexpr int kStrokesBatch = 800;
 
-store::Recordset OpenStrokes(Workstation& ws, store::Database& db) {
-    db = store::OpenDatabase(ws.fm_Gas_Chart.txt_db_path.text());
-    return db.OpenRecordset(" SELECT TOTAL_SPM, TOTAL_STROKES FROM " + ws.rt.Gtable_name +
+db::Recordset OpenStrokes(Workstation& ws, db::Database& db) {
+    db = db::OpenDatabase(ws.fm_Gas_Chart.txt_db_path.text());
+    return db.OpenRecordset(" SELECT TOTAL_SPM, TOTAL_STROKES FROM " + ws.db.Gtable_name +
                             " ORDER BY PACKET_NUM");
 }
 
-void Rebuild(Workstation& ws, store::Database& db, store::Recordset& rs) {
+void Rebuild(Workstation& ws, db::Database& db, db::Recordset& rs) {
     rs = OpenStrokes(ws, db);
     if (rs.RecordCount() == 0) return;
     rs.MoveFirst();
@@ -35,18 +36,18 @@ void Rebuild(Workstation& ws, store::Database& db, store::Recordset& rs) {
     help.pgbar.setValue(1);
     help.form.setCaption("Recalculating PUMP STROKES");
     help.form.setVisible(true);
-    acq::help_msg(ws, "");
-    acq::help_msg(ws, "Recalculating Pump strokes");
-    acq::help_msg(ws, "Please wait...");
+    station::help_msg(ws, "");
+    station::help_msg(ws, "Recalculating Pump strokes");
+    station::help_msg(ws, "Please wait...");
 
     PassRhythm rhythm(ws, db, kStrokesBatch);
     rhythm.yieldNow();
 
-    const store::Variant first = rs.Fields(1);
+    const db::Variant first = rs.Fields(1);
     int32_t total = first.isNull() ? 0 : first.toLong();
     int32_t spm = 0;
     while (!rs.Eof()) {
-        const store::Variant s = rs.Fields(0);
+        const db::Variant s = rs.Fields(0);
         if (!s.isNull()) spm = s.toLong();
         // One tenth of a minute's strokes per record, the fraction dropped,
         // as the record writer counts them.
@@ -61,21 +62,20 @@ void Rebuild(Workstation& ws, store::Database& db, store::Recordset& rs) {
         rs.MoveNext();
     }
     rhythm.commit();
-    ws.rt.Gtotal_strokes = total;
-    acq::disply_text_alarms(ws, "Total Strokes Fixed");
+    ws.depth.Gtotal_strokes = total;
+    station::disply_text_alarms(ws, "Total Strokes Fixed");
 }
 
 } // namespace
 
 void Fix_total_strokes(Workstation& ws) {
-    auto& rt = ws.rt;
-    if (rt.Gdb_busy) {
-        acq::disply_text_alarms(ws, "DB Busy: Total Strokes");
+    station::BusyFlag busy(ws.db.Gdb_busy);
+    if (!busy) {
+        station::disply_text_alarms(ws, "DB Busy: Total Strokes");
         return;
     }
-    rt.Gdb_busy = true;
-    store::Database db;
-    store::Recordset rs;
+    db::Database db;
+    db::Recordset rs;
     try {
         Rebuild(ws, db, rs);
     } catch (...) {
@@ -85,7 +85,6 @@ void Fix_total_strokes(Workstation& ws) {
     ws.fm_help.form.setVisible(false);
     rs.Close();
     db.Close();
-    rt.Gdb_busy = false;
 }
 
 void cmd_FixTotal_Strokes_Click(Workstation& ws) {
@@ -93,11 +92,10 @@ void cmd_FixTotal_Strokes_Click(Workstation& ws) {
 }
 
 void ReadLastTotalStrokes(Workstation& ws) {
-    auto& rt = ws.rt;
-    if (rt.Gdb_busy) return;
-    rt.Gdb_busy = true;
-    store::Database db;
-    store::Recordset rs;
+    station::BusyFlag busy(ws.db.Gdb_busy);
+    if (!busy) return;
+    db::Database db;
+    db::Recordset rs;
     try {
         rs = OpenStrokes(ws, db);
         if (rs.RecordCount() > 0) {
@@ -105,10 +103,11 @@ void ReadLastTotalStrokes(Workstation& ws) {
             // the writer's hands. A shorter table gives its first record.
             rs.MoveLast();
             for (int i = 0; i < 4 && rs.AbsolutePosition() > 0; ++i) rs.MovePrevious();
-            const store::Variant v = rs.Fields(1);
+            const db::Variant v = rs.Fields(1);
             if (!v.isNull()) {
-                rt.Gtotal_strokes = v.toDouble();
-                acq::disply_text_alarms(ws, "Last Total Strokes: " + text::Str(rt.Gtotal_strokes));
+                ws.depth.Gtotal_strokes = v.toDouble();
+                station::disply_text_alarms(ws, "Last Total Strokes: " +
+                                                    text::Str(ws.depth.Gtotal_strokes));
             }
         }
     } catch (...) {
@@ -116,7 +115,6 @@ void ReadLastTotalStrokes(Workstation& ws) {
     }
     rs.Close();
     db.Close();
-    rt.Gdb_busy = false;
 }
 
 } // namespace depth

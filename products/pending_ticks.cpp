@@ -1,6 +1,6 @@
 // Timer ticks of this subsystem whose work is not built yet: each runs and
 // does nothing until its subsystem lands.
-#include "acquisition/timers.h"
+#include "products/autogen.h"
 
 namespace products {
 void tmr_autogen_Timer(Workstation&) {}

@@ -1,13 +1,13 @@
 // From the older generation: table OMBRI_DB_005, whose columns had other
 // names and partly other meanings, into a new file of the current schema.
-#include "acquisition/events.h"
-#include "acquisition/info_box.h"
-#include "acquisition/live_fields.h"
-#include "acquisition/workstation.h"
-#include "store/job_messages.h"
+#include "db/job_error.h"
+#include "db/schema.h"
 #include "store/lifecycle.h"
-#include "store/schema.h"
 #include "text/numbers.h"
+#include "workstation/events.h"
+#include "workstation/help_box.h"
+#include "workstation/messages.h"
+#include "workstation/workstation.h"
 
 #include <memory>
 
@@ -52,7 +52,7 @@ constexpr Mapping kMappings[] = {
 
 const QString kOldQuery = QStringLiteral(" SELECT * FROM OMBRI_DB_005 ORDER BY ID");
 
-Variant Converted(const Variant& v, As as) {
+db::Variant Converted(const db::Variant& v, As as) {
     if (v.isNull()) return v;
     switch (as) {
     case As::Double:
@@ -74,16 +74,16 @@ int ConvertDatabase(Workstation& ws, const QString& path) {
     const QString fresh = path + ".new";
     int pt = 1;
     try {
-        CopyDatabase(EnsureTemplate(ws), fresh);
+        db::CopyDatabase(EnsureTemplate(ws), fresh);
         // 3.
         pt = 3;
         st.Gdb = st.Gworkspace.OpenDatabase(fresh);
-        st.Grecords = st.Gdb.OpenRecordset(RecordQuery(ws.rt.Gtable_name));
+        st.Grecords = st.Gdb.OpenRecordset(db::RecordQuery(ws.db.Gtable_name));
         st.GdbScan = st.Gworkspace.OpenDatabase(path);
         st.GrecordsScan = st.GdbScan.OpenRecordset(kOldQuery);
         // 4.
         pt = 4;
-        Recordset& from = st.GrecordsScan;
+        db::Recordset& from = st.GrecordsScan;
         const int32_t total = from.RecordCount();
         help.form.setCaption("Converting Data Base \r\nDon't Touch Any Buttons.");
         help.pgbar.setRange(0, total + 1);
@@ -91,7 +91,7 @@ int ConvertDatabase(Workstation& ws, const QString& path) {
         help.form.setVisible(true);
         // 5-6.
         pt = 5;
-        auto batch = std::make_unique<Transaction>(st.Gdb);
+        auto batch = std::make_unique<db::Transaction>(st.Gdb);
         int32_t counter = 0;
         for (from.MoveFirst(); total > 0 && !from.Eof(); from.MoveNext()) {
             ++counter;
@@ -103,13 +103,13 @@ int ConvertDatabase(Workstation& ws, const QString& path) {
             st.Grecords.Update();
             if (counter % 10 == 0) {
                 batch->Commit();
-                acq::DoEvents(ws);
-                batch = std::make_unique<Transaction>(st.Gdb);
-                acq::DoEvents(ws);
+                station::DoEvents(ws);
+                batch = std::make_unique<db::Transaction>(st.Gdb);
+                station::DoEvents(ws);
                 help.lbl_help.setCaption(text::Format(100.0 * counter / total, u"0#.00") +
                                          "% done  ");
                 help.pgbar.setValue(counter);
-                acq::DoEvents(ws);
+                station::DoEvents(ws);
             }
         }
         // 7.
@@ -117,16 +117,16 @@ int ConvertDatabase(Workstation& ws, const QString& path) {
         batch->Commit();
         batch.reset();
         CloseSharedDb(ws);
-        CopyDatabase(path, path + ".old");
-        if (!PutJobFileInPlace(fresh, path))
-            throw DbError(err::DiskError, "Could not put the converted file in place");
+        db::CopyDatabase(path, path + ".old");
+        if (!db::PutJobFileInPlace(fresh, path))
+            throw db::DbError(db::err::DiskError, "Could not put the converted file in place");
         help.form.setVisible(false);
         return 1;
     } catch (const std::exception& e) {
         help.form.setVisible(false);
         CloseSharedDb(ws);
-        RemoveJobFile(fresh);
-        acq::disply_text_alarms(ws, JobError("Open DB Err: ", e, pt));
+        db::RemoveJobFile(fresh);
+        station::disply_text_alarms(ws, db::JobError("Open DB Err: ", e, pt));
         return 0;
     }
 }

@@ -31,10 +31,6 @@ void PrimeLastRecord(Workstation& ws);
 void PrimeFirstRecord(Workstation& ws);
 void Compact_db(Workstation& ws);
 
-void cmd_new_db_Click(Workstation& ws);
-void cmd_open_db_Click(Workstation& ws);
-void cmd_save_database_Click(Workstation& ws);
-
 // The blank template in the program folder, made from the schema when it is
 // missing; its path.
 QString EnsureTemplate(Workstation& ws);

@@ -1,9 +1,9 @@
 // A new job file: the demonstration job, or a blank one from the template.
-#include "acquisition/live_fields.h"
-#include "acquisition/workstation.h"
-#include "store/job_messages.h"
+#include "db/job_error.h"
+#include "db/schema.h"
 #include "store/lifecycle.h"
-#include "store/schema.h"
+#include "workstation/messages.h"
+#include "workstation/workstation.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -20,11 +20,11 @@ const QString kDemoName = QStringLiteral("V11_DEMO.DB");
 // so what stood there is kept whatever it was.
 void KeepCopy(const QString& from, const QString& to) {
     try {
-        CopyDatabase(from, to);
-    } catch (const DbError&) {
-        RemoveJobFile(to);
+        db::CopyDatabase(from, to);
+    } catch (const db::DbError&) {
+        db::RemoveJobFile(to);
         if (!QFile::copy(from, to))
-            throw DbError(err::DiskError, "Could not copy the file '" + from + "'");
+            throw db::DbError(db::err::DiskError, "Could not copy the file '" + from + "'");
     }
 }
 
@@ -32,7 +32,7 @@ void KeepCopy(const QString& from, const QString& to) {
 
 QString EnsureTemplate(Workstation& ws) {
     const QString path = ws.programFile(kTemplate);
-    if (!QFile::exists(path)) MakeBlankJob(path, ws.rt.Gtable_name);
+    if (!QFile::exists(path)) db::MakeBlankJob(path, ws.db.Gtable_name);
     return path;
 }
 
@@ -42,12 +42,13 @@ void MakeDatabase(Workstation& ws, QString& path) {
         // 1. The demonstration job, from the copy the program folder keeps.
         if (path.right(kDemoName.size()).toUpper() == kDemoName) {
             try {
-                CopyDatabase(ws.programFile(kDemoName), path);
-                acq::disply_text_alarms(ws, "Created demo DB " + path);
+                db::CopyDatabase(ws.programFile(kDemoName), path);
+                station::disply_text_alarms(ws, "Created demo DB " + path);
                 return;
             } catch (const std::exception& e) {
-                acq::disply_text_alarms(ws, "Could not copy " + kDemoName + " " + Describe(e));
-                acq::disply_text_alarms(ws, "Attempting to create blank demo");
+                station::disply_text_alarms(ws,
+                                            "Could not copy " + kDemoName + " " + db::Describe(e));
+                station::disply_text_alarms(ws, "Attempting to create blank demo");
             }
         }
         // 2. What stands at the path is kept under "OLD_" and its name.
@@ -55,22 +56,22 @@ void MakeDatabase(Workstation& ws, QString& path) {
         if (QFile::exists(path)) {
             const QFileInfo at(path);
             KeepCopy(path, at.path() + "/OLD_" + at.fileName());
-            RemoveJobFile(path);
+            db::RemoveJobFile(path);
         }
         // 3.
         pt = 3;
         if (path.right(2).toUpper() != "DB") {
             const QString blank = QFileInfo(path).path() + "/" + kBlankName;
-            acq::disply_text_alarms(ws,
-                                    path + " does not end in DB: the new data base is " + blank);
+            station::disply_text_alarms(ws, path + " does not end in DB: the new data base is " +
+                                                blank);
             path = blank;
         }
         // 4.
         pt = 4;
-        CopyDatabase(EnsureTemplate(ws), path);
-        acq::disply_text_alarms(ws, path + " created");
+        db::CopyDatabase(EnsureTemplate(ws), path);
+        station::disply_text_alarms(ws, path + " created");
     } catch (const std::exception& e) {
-        acq::disply_text_alarms(ws, JobError("New DB Err: ", e, pt));
+        station::disply_text_alarms(ws, db::JobError("New DB Err: ", e, pt));
     }
 }
 

@@ -18,12 +18,12 @@
 // with it.
 #include "store/record_writer.h"
 
-#include "acquisition/live_fields.h"
-#include "acquisition/workstation.h"
-#include "store/file_id.h"
-#include "store/schema.h"
+#include "db/file_id.h"
+#include "db/schema.h"
 #include "text/datetime.h"
 #include "text/numbers.h"
+#include "workstation/messages.h"
+#include "workstation/workstation.h"
 
 namespace store {
 
@@ -106,19 +106,19 @@ bool SameSecond(const QDateTime& a, const QDateTime& b) {
 }
 
 // The connection the row goes through (see the top of the file).
-Database WriterConnection(Workstation& ws, bool& nested) {
+db::Database WriterConnection(Workstation& ws, bool& nested) {
     auto& st = ws.db;
     const QString path = ws.fm_Gas_Chart.txt_db_path.text();
-    if (auto holder = Connection::WriteHolder(path)) {
+    if (auto holder = db::Connection::WriteHolder(path)) {
         nested = true;
-        return Database(holder);
+        return db::Database(holder);
     }
     nested = false;
-    const uint64_t id = FileId(path);
+    const uint64_t id = db::FileId(path);
     if (st.writerDb.isOpen() && st.writerPath == path && id != 0 && id == st.writerFileId)
         return st.writerDb;
     st.writerDb.Close();
-    st.writerDb = OpenDatabase(path);
+    st.writerDb = db::OpenDatabase(path);
     st.writerPath = path;
     st.writerFileId = id;
     return st.writerDb;
@@ -126,47 +126,48 @@ Database WriterConnection(Workstation& ws, bool& nested) {
 
 } // namespace
 
-void SaveKWData(Workstation& ws) {
-    auto& rt = ws.rt;
+bool SaveKWData(Workstation& ws) {
     auto& st = ws.db;
-    auto& f = rt.Gombri_data_array;
+    auto& f = ws.packet.Gombri_data_array;
 
     // 1-2. The packet's time.
     const auto d = text::ParseDateTime(f[DATE] + " " + f[OMBRITIME]);
     if (!d) {
-        disply_text_alarms(ws, "Invalid time or date from Ombri " + f[DATE] + " " + f[OMBRITIME]);
-        return;
+        station::disply_text_alarms(ws, "Invalid time or date from Ombri " + f[DATE] + " " +
+                                            f[OMBRITIME]);
+        return false;
     }
     // 3. Only the one record before is compared.
     if (SameSecond(*d, st.LastRecordTime)) {
-        disply_text_alarms(ws,
-                           "Duplacate Time/Date Blocked: " + text::GeneralDate(st.LastRecordTime));
-        return;
+        station::disply_text_alarms(ws, "Duplacate Time/Date Blocked: " +
+                                            text::GeneralDate(st.LastRecordTime));
+        return false;
     }
     // 4. The time has moved even if the next checks refuse the packet.
     st.LastRecordTime = *d;
     // 5-6. The texts name the fields rather than show them.
     if (f[SERIALNUM].size() >= 21) {
         f[SERIALNUM] = " ";
-        disply_text_alarms(ws, QStringLiteral(R"("Incoming data serial number data err " & )"
-                                              R"(Gombri_data_array(SERIALNUM) & " ")"));
-        return;
+        station::disply_text_alarms(ws,
+                                    QStringLiteral(R"("Incoming data serial number data err " & )"
+                                                   R"(Gombri_data_array(SERIALNUM) & " ")"));
+        return false;
     }
     if (f[OMBRITIME].size() < 5) {
-        disply_text_alarms(ws, QStringLiteral(R"("Incoming Data Time err " & )"
-                                              R"(Gombri_data_array(OMBRITIME) & " ")"));
-        return;
+        station::disply_text_alarms(ws, QStringLiteral(R"("Incoming Data Time err " & )"
+                                                       R"(Gombri_data_array(OMBRITIME) & " ")"));
+        return false;
     }
 
     int pt = 0;
     bool began = false;
     bool nested = false;
-    Database db;
-    Recordset rs;
+    db::Database db;
+    db::Recordset rs;
     try {
         // 7. Append only: the row is added, nothing is read.
         db = WriterConnection(ws, nested);
-        rs = db.OpenRecordset(RecordQuery(rt.Gtable_name), RecordsetType::AppendOnly);
+        rs = db.OpenRecordset(db::RecordQuery(ws.db.Gtable_name), db::RecordsetType::AppendOnly);
         // 8.
         pt = 1;
         db.BeginTrans();
@@ -202,30 +203,31 @@ void SaveKWData(Workstation& ws) {
 
         // 11. A first TOTAL_SPM; step 14 always overwrites it.
         ++pt;
-        rs.SetField("TOTAL_SPM", rt.Gwits_alive > 0 ? text::Int(rt.Gspm)
-                                 : rt.Gpumps_manual ? 100.0
-                                                    : 0.0);
+        rs.SetField("TOTAL_SPM", ws.wits.Gwits_alive > 0 ? text::Int(ws.wits.Gspm)
+                                 : ws.wits.Gpumps_manual ? 100.0
+                                                         : 0.0);
         // 12.
         ++pt;
-        rs.SetField("BIT_DEPTH", rt.Gwits_values[0]);
+        rs.SetField("BIT_DEPTH", ws.wits.Gwits_values[0]);
         // 13. Gas taken while the sample line could not be trusted is marked.
         ++pt;
-        rs.SetField("ERR_TXT", rt.Gline_lag_ok ? f[ERRTXT] : f[ERRTXT] + " *");
+        rs.SetField("ERR_TXT", ws.depth.Gline_lag_ok ? f[ERRTXT] : f[ERRTXT] + " *");
         // 14. A sum out of range keeps the last rate.
-        const double s = rt.Gwits_values[8] + rt.Gwits_values[9] + rt.Gwits_values[10];
-        if (s > -1 && s < 900) rt.Gspm = s;
+        const double s =
+            ws.wits.Gwits_values[8] + ws.wits.Gwits_values[9] + ws.wits.Gwits_values[10];
+        if (s > -1 && s < 900) ws.wits.Gspm = s;
         ++pt;
-        rs.SetField("TOTAL_SPM", text::Int(rt.Gspm));
+        rs.SetField("TOTAL_SPM", text::Int(ws.wits.Gspm));
         // 15. A packet counts as six seconds: a tenth of a minute's strokes,
         // the fraction lost.
-        rt.Gtotal_strokes = text::Int(rt.Gspm / 10 + rt.Gtotal_strokes);
+        ws.depth.Gtotal_strokes = text::Int(ws.wits.Gspm / 10 + ws.depth.Gtotal_strokes);
         // 16.
         ++pt;
-        rs.SetField("TOTAL_STROKES", rt.Gtotal_strokes);
+        rs.SetField("TOTAL_STROKES", ws.depth.Gtotal_strokes);
         // 17.
         for (const WitsColumn& w : kWitsColumns) {
             ++pt;
-            rs.SetField(w.column, rt.Gwits_values[w.slot]);
+            rs.SetField(w.column, ws.wits.Gwits_values[w.slot]);
         }
         // 18.
         pt = kUpdateStep;
@@ -236,14 +238,14 @@ void SaveKWData(Workstation& ws) {
         // 19.
         rs.Close();
     } catch (const std::exception& e) {
-        const auto* dbe = dynamic_cast<const DbError*>(&e);
+        const auto* dbe = dynamic_cast<const db::DbError*>(&e);
         const int number = dbe ? dbe->number() : 0;
-        rt.Gdb_error = true;
-        if (number == err::DuplicateKey)
-            disply_text_alarms(ws,
-                               "DB Write Err: Duplacate packet numbers found in the data base.");
+        ws.db.Gdb_error = true;
+        if (number == db::err::DuplicateKey)
+            station::disply_text_alarms(
+                ws, "DB Write Err: Duplacate packet numbers found in the data base.");
         else
-            disply_text_alarms(
+            station::disply_text_alarms(
                 ws, "DB Write Err: " + (dbe ? dbe->description() : QString::fromUtf8(e.what())) +
                         " " + QString::number(number) + "  Err point: " + QString::number(pt));
         // Up to and including Update the row is taken back; a failed commit
@@ -258,12 +260,12 @@ void SaveKWData(Workstation& ws) {
         }
         rs.Close();
         if (!nested) st.writerDb.Close();
-        return;
+        return false;
     }
 
     // 20.
     st.RecordCount += 1;
-    parse_err_str(ws);
+    return true;
 }
 
 } // namespace store

@@ -5,6 +5,6 @@ class Workstation;
 
 namespace store {
 
-void SaveKWData(Workstation& ws);
+bool SaveKWData(Workstation& ws);
 
 } // namespace store

@@ -1,10 +1,11 @@
 // The shared set: opened, closed, and the chart's marks put at the newest or
 // the first record.
-#include "acquisition/live_fields.h"
-#include "acquisition/workstation.h"
-#include "store/job_messages.h"
+#include "db/job_error.h"
+#include "db/schema.h"
 #include "store/lifecycle.h"
-#include "store/schema.h"
+#include "workstation/busy_guard.h"
+#include "workstation/messages.h"
+#include "workstation/workstation.h"
 
 #include <QDir>
 
@@ -13,7 +14,7 @@ namespace store {
 namespace {
 
 void EnsureWorkspace(StoreState& st) {
-    if (!st.Gworkspace.isOpen()) st.Gworkspace = Workspace::Create("Gworkspace");
+    if (!st.Gworkspace.isOpen()) st.Gworkspace = db::Workspace::Create("Gworkspace");
 }
 
 template <class T> void Quietly(T& object) {
@@ -44,9 +45,8 @@ void EnsureCueFolder(Workstation& ws) {
 }
 
 void OpenSharedDb(Workstation& ws, QString& path, bool& verify) {
-    auto& rt = ws.rt;
     auto& st = ws.db;
-    rt.Gdb_busy = true;
+    station::BusyFlag busy(ws.db.Gdb_busy, station::BusyFlag::Always);
     int pt = 1;
     try {
         CloseSharedDb(ws);
@@ -67,13 +67,12 @@ void OpenSharedDb(Workstation& ws, QString& path, bool& verify) {
         EnsureWorkspace(st);
         st.Gdb = st.Gworkspace.OpenDatabase(path);
         pt = 6;
-        st.Grecords = st.Gdb.OpenRecordset(RecordQuery(rt.Gtable_name));
+        st.Grecords = st.Gdb.OpenRecordset(db::RecordQuery(ws.db.Gtable_name));
         st.RecordCount = st.Grecords.RecordCount();
     } catch (const std::exception& e) {
-        acq::disply_text_alarms(ws, JobError("Open DB Err: ", e, pt));
+        station::disply_text_alarms(ws, db::JobError("Open DB Err: ", e, pt));
         CloseSharedDb(ws);
     }
-    rt.Gdb_busy = false;
 }
 
 void PrimeLastRecord(Workstation& ws) {
@@ -93,11 +92,11 @@ void PrimeLastRecord(Workstation& ws) {
             st.Grecords.MovePrevious();
             position = st.Grecords.AbsolutePosition();
         }
-        st.LastRecord = position;
-        st.ChartTopRecord = position;
-        st.HourPointer = position;
+        ws.chart.LastRecord = position;
+        ws.chart.ChartTopRecord = position;
+        ws.chart.HourPointer = position;
     } catch (const std::exception& e) {
-        acq::disply_text_alarms(ws, JobError("Open DB Err: ", e, 7));
+        station::disply_text_alarms(ws, db::JobError("Open DB Err: ", e, 7));
     }
 }
 
@@ -109,10 +108,10 @@ void PrimeFirstRecord(Workstation& ws) {
             st.Grecords.MoveFirst();
             position = st.Grecords.AbsolutePosition();
         }
-        st.ChartTopRecord = position;
-        st.HourPointer = position;
+        ws.chart.ChartTopRecord = position;
+        ws.chart.HourPointer = position;
     } catch (const std::exception& e) {
-        acq::disply_text_alarms(ws, JobError("Open DB Err: ", e, 8));
+        station::disply_text_alarms(ws, db::JobError("Open DB Err: ", e, 8));
     }
 }
 

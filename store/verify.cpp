@@ -1,12 +1,12 @@
 // The checks of every open: the file is there, of the current generation,
 // has the late columns, and ID runs 1, 2, 3 ... in packet order.
-#include "acquisition/events.h"
-#include "acquisition/info_box.h"
-#include "acquisition/live_fields.h"
-#include "acquisition/workstation.h"
-#include "store/job_messages.h"
+#include "db/job_error.h"
+#include "db/schema.h"
 #include "store/lifecycle.h"
-#include "store/schema.h"
+#include "workstation/events.h"
+#include "workstation/help_box.h"
+#include "workstation/messages.h"
+#include "workstation/workstation.h"
 
 #include <QFile>
 
@@ -20,12 +20,12 @@ namespace {
 // that follows reports them in the system's words.
 bool FileItselfFails(int number) {
     switch (number) {
-    case err::FileNotFound:
-    case err::NotADatabase:
-    case err::Locked:
-    case err::NoPermission:
-    case err::DiskError:
-    case err::Damaged:
+    case db::err::FileNotFound:
+    case db::err::NotADatabase:
+    case db::err::Locked:
+    case db::err::NoPermission:
+    case db::err::DiskError:
+    case db::err::Damaged:
         return true;
     default:
         return false;
@@ -36,28 +36,28 @@ bool FileItselfFails(int number) {
 // there already is the usual case). A file made by another tool may lack the
 // unique index on PACKET_NUM; it gets it unless its packet numbers repeat.
 void AddLateColumns(Workstation& ws, const QString& path) {
-    const QString table = ws.rt.Gtable_name;
+    const QString table = ws.db.Gtable_name;
     try {
-        Database db = ws.db.Gworkspace.OpenDatabase(path);
-        for (const char* column : kLateColumns) {
+        db::Database db = ws.db.Gworkspace.OpenDatabase(path);
+        for (const char* column : db::kLateColumns) {
             try {
-                db.AppendField(table, {column, DataType::Double});
-            } catch (const DbError&) {
+                db.AppendField(table, {column, db::DataType::Double});
+            } catch (const db::DbError&) {
             }
         }
         try {
             db.Execute("CREATE UNIQUE INDEX IF NOT EXISTS \"" + table + "_PACKET_NUM\" ON \"" +
                        table + "\" (PACKET_NUM)");
-        } catch (const DbError&) {
+        } catch (const db::DbError&) {
         }
         db.Close();
-    } catch (const DbError&) {
+    } catch (const db::DbError&) {
     }
 }
 
 // Steps 5 to 8. A row whose ID is already right is not written again: the
 // outcome is the same and an ordered job costs one read.
-void Reindex(Workstation& ws, Database& db, Recordset& rs) {
+void Reindex(Workstation& ws, db::Database& db, db::Recordset& rs) {
     auto& st = ws.db;
     auto& help = ws.fm_help;
     st.NextRecordId = 1;
@@ -67,27 +67,28 @@ void Reindex(Workstation& ws, Database& db, Recordset& rs) {
     const int32_t count = rs.RecordCount();
     rs.MoveFirst();
     if (count > 1) {
-        acq::help_msg(ws, "");
+        station::help_msg(ws, "");
         help.form.setCaption("Re-indexing Data Base.  Wait...");
         help.pgbar.setRange(1, count + 1);
         help.pgbar.setValue(1);
         help.form.setVisible(true);
     }
-    acq::DoEvents(ws);
+    station::DoEvents(ws);
     // The first commit comes after ten rows so the display moves at once,
     // then every thousand.
-    auto batch = std::make_unique<Transaction>(db);
+    auto batch = std::make_unique<db::Transaction>(db);
     int countdown = 10;
     for (; !rs.Eof(); rs.MoveNext()) {
         if (--countdown == 0) {
             batch->Commit();
             countdown = 1000;
-            batch = std::make_unique<Transaction>(db);
-            acq::DoEvents(ws);
+            batch = std::make_unique<db::Transaction>(db);
+            station::DoEvents(ws);
             help.pgbar.setValue(st.NextRecordId);
         }
-        const Variant id = rs.Fields("ID");
-        if (id.isNull() || id.kind() != Variant::Kind::Long || id.toInt64() != st.NextRecordId) {
+        const db::Variant id = rs.Fields("ID");
+        if (id.isNull() || id.kind() != db::Variant::Kind::Long ||
+            id.toInt64() != st.NextRecordId) {
             rs.Edit();
             rs.SetField("ID", st.NextRecordId);
             rs.Update();
@@ -101,26 +102,25 @@ void Reindex(Workstation& ws, Database& db, Recordset& rs) {
 } // namespace
 
 void VerifyDatabase(Workstation& ws, QString& path) {
-    auto& rt = ws.rt;
     auto& st = ws.db;
-    if (!st.Gworkspace.isOpen()) st.Gworkspace = Workspace::Create("Gworkspace");
+    if (!st.Gworkspace.isOpen()) st.Gworkspace = db::Workspace::Create("Gworkspace");
 
     // 1.
     if (!QFile::exists(path)) {
-        acq::disply_text_alarms(ws, path + " File not found");
+        station::disply_text_alarms(ws, path + " File not found");
         MakeDatabase(ws, path);
         return;
     }
 
     // 2. Current when the record table opens in packet order.
     try {
-        Database db = st.Gworkspace.OpenDatabase(path);
+        db::Database db = st.Gworkspace.OpenDatabase(path);
         // The columns, and the sort, without reading the keyset.
-        db.OpenRecordset(RecordQuery(rt.Gtable_name), RecordsetType::AppendOnly).Close();
-        db.OpenRecordset(" SELECT * FROM " + rt.Gtable_name + " WHERE 0 ORDER BY PACKET_NUM")
+        db.OpenRecordset(db::RecordQuery(ws.db.Gtable_name), db::RecordsetType::AppendOnly).Close();
+        db.OpenRecordset(" SELECT * FROM " + ws.db.Gtable_name + " WHERE 0 ORDER BY PACKET_NUM")
             .Close();
         db.Close();
-    } catch (const DbError& e) {
+    } catch (const db::DbError& e) {
         if (FileItselfFails(e.number())) return;
         if (ws.dialogs().MsgBox("This data base is not compatible with the new version"
                                 "\r\nWould you like to convert it?",
@@ -134,13 +134,14 @@ void VerifyDatabase(Workstation& ws, QString& path) {
     AddLateColumns(ws, path);
 
     // 4.
-    Database db;
-    Recordset rs;
+    db::Database db;
+    db::Recordset rs;
     try {
         db = st.Gworkspace.OpenDatabase(path);
-        rs = db.OpenRecordset(RecordQuery(rt.Gtable_name));
+        rs = db.OpenRecordset(db::RecordQuery(ws.db.Gtable_name));
     } catch (const std::exception& e) {
-        acq::disply_text_alarms(ws, "Unable to open correct data base version: " + Describe(e));
+        station::disply_text_alarms(ws,
+                                    "Unable to open correct data base version: " + db::Describe(e));
         return;
     }
 
@@ -149,8 +150,8 @@ void VerifyDatabase(Workstation& ws, QString& path) {
         Reindex(ws, db, rs);
     } catch (const std::exception& e) {
         ws.fm_help.form.setVisible(false);
-        rt.Gdb_error = true;
-        acq::disply_text_alarms(ws, JobError("Open DB Err: ", e, 5));
+        ws.db.Gdb_error = true;
+        station::disply_text_alarms(ws, db::JobError("Open DB Err: ", e, 5));
     }
     rs.Close();
     db.Close();

@@ -1,6 +1,5 @@
 #include "ui/desktop.h"
 
-#include "acquisition/workstation.h"
 #include "ui/help_view.h"
 #include "ui/look.h"
 #include "ui/main_view.h"
@@ -9,6 +8,7 @@
 #include "ui/secure_view.h"
 #include "ui/setup_view.h"
 #include "ui/widget_dialogs.h"
+#include "workstation/workstation.h"
 
 #include <QScreen>
 

@@ -2,13 +2,14 @@
 
 #include "acquisition/commands.h"
 #include "acquisition/control_box.h"
+#include "acquisition/job_buttons.h"
 #include "acquisition/link.h"
 #include "acquisition/viewer.h"
-#include "acquisition/workstation.h"
 #include "config/setup_handlers.h"
 #include "depth/lag.h"
 #include "forms/panel.h"
 #include "store/lifecycle.h"
+#include "workstation/workstation.h"
 
 namespace ui {
 
@@ -63,9 +64,9 @@ const Route kRoutes[] = {
     route(kMain, "cmd_WITS_info", On::Click, &acq::cmd_WITS_info_Click),
     route(kMain, "cmd_redraw_chart", On::Click, &acq::cmd_redraw_chart_Click),
     // The job file.
-    route(kMain, "cmd_new_db", On::Click, &store::cmd_new_db_Click),
-    route(kMain, "cmd_open_db", On::Click, &store::cmd_open_db_Click),
-    route(kMain, "cmd_save_database", On::Click, &store::cmd_save_database_Click),
+    route(kMain, "cmd_new_db", On::Click, &acq::cmd_new_db_Click),
+    route(kMain, "cmd_open_db", On::Click, &acq::cmd_open_db_Click),
+    route(kMain, "cmd_save_database", On::Click, &acq::cmd_save_database_Click),
     route(kMain, "cmdCompact", On::Click, &store::Compact_db),
     // The instrument link on the setup panel.
     route(kSetup, "op_conn_using_serial", On::Click, &acq::op_conn_using_serial_Click),

@@ -1,7 +1,7 @@
 #include "ui/help_view.h"
 
-#include "acquisition/workstation.h"
 #include "ui/control_widgets.h"
+#include "workstation/workstation.h"
 
 #include <QLabel>
 #include <QPlainTextEdit>

@@ -2,11 +2,11 @@
 
 #include "acquisition/control_box.h"
 #include "acquisition/startup.h"
-#include "acquisition/workstation.h"
 #include "ui/binder.h"
 #include "ui/chart_canvas.h"
 #include "ui/control_widgets.h"
 #include "ui/log.h"
+#include "workstation/workstation.h"
 
 #include <QCloseEvent>
 #include <QCoreApplication>

@@ -1,9 +1,9 @@
 #include "ui/more_data_view.h"
 
-#include "acquisition/workstation.h"
 #include "ui/binder.h"
 #include "ui/control_widgets.h"
 #include "ui/handlers.h"
+#include "workstation/workstation.h"
 
 #include <QGridLayout>
 #include <QGroupBox>

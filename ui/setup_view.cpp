@@ -1,9 +1,9 @@
 #include "ui/setup_view.h"
 
-#include "acquisition/workstation.h"
 #include "ui/binder.h"
 #include "ui/control_widgets.h"
 #include "ui/frame_columns.h"
+#include "workstation/workstation.h"
 
 #include <QFormLayout>
 #include <QGridLayout>

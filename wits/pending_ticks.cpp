@@ -1,6 +1,6 @@
 // Timer ticks of this subsystem whose work is not built yet: each runs and
 // does nothing until its subsystem lands.
-#include "acquisition/timers.h"
+#include "wits/wits_timers.h"
 
 namespace wits {
 void tmr_WITSDataArrival_Timer(Workstation&) {}

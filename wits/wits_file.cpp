@@ -3,10 +3,10 @@
 // table's business.
 #include "wits/wits_file.h"
 
-#include "acquisition/live_fields.h"
-#include "acquisition/workstation.h"
 #include "text/datetime.h"
 #include "text/numbers.h"
+#include "workstation/messages.h"
+#include "workstation/workstation.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -39,13 +39,13 @@ void LoadWitsFile(Workstation& ws) {
     const QString path = ws.programFile(kFileName);
     if (!QFileInfo::exists(path)) {
         // Not the operator's problem: every item then reads "Unknown".
-        acq::write_function_log(ws,
-                                text::ShortTime(ws.Now().time()) + " File not found: " + kFileName);
+        station::write_function_log(ws, text::ShortTime(ws.Now().time()) +
+                                            " File not found: " + kFileName);
         return;
     }
     QFile f(path);
     if (!f.open(QIODevice::ReadOnly)) {
-        acq::disply_text_alarms(ws, "LOAD WITS ERR: " + f.errorString());
+        station::disply_text_alarms(ws, "LOAD WITS ERR: " + f.errorString());
         return;
     }
     const QStringList lines = Lines(QString::fromLatin1(f.readAll()));

@@ -3,11 +3,11 @@
 // small builders the acquisition tests share, and a real pseudo-terminal
 // pair for the serial line.
 
+#include "acquisition/main_loop.h"
 #include "acquisition/parser.h"
-#include "acquisition/timers.h"
-#include "acquisition/workstation.h"
 #include "program_folder.h"
 #include "scripted_dialogs.h"
+#include "workstation/workstation.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
@@ -67,7 +67,7 @@ class AcqTest : public ::testing::Test {
   protected:
     testkit::ProgramFolder folder;
     testkit::ScriptedDialogs dialogs;
-    Workstation ws{folder.path(), &dialogs};
+    testkit::WiredWorkstation ws{folder.path(), &dialogs};
 
     AcqTest() {
         ws.Now = [] { return FixedNow(); };
@@ -75,11 +75,11 @@ class AcqTest : public ::testing::Test {
 
     // Puts text behind what waits in the line buffer and runs one parse.
     void parse(const QString& text) {
-        ws.rt.Gline_buffer += text;
+        ws.packet.Gline_buffer += text;
         acq::Parse_Ombri_String(ws);
     }
-    const QString& buffer() const { return ws.rt.Gline_buffer; }
-    const QString& field(int i) const { return ws.rt.Gombri_data_array[i]; }
+    const QString& buffer() const { return ws.packet.Gline_buffer; }
+    const QString& field(int i) const { return ws.packet.Gombri_data_array[i]; }
     // Lets the links deliver and runs the intake tick until done() holds or
     // ms milliseconds pass.
     bool intakeUntil(const std::function<bool()>& done, int ms = 5000) {

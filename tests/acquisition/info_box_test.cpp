@@ -1,8 +1,8 @@
 // The information box: its lines, its bound and its close; the viewer's close.
 #include "acq_fixture.h"
 
-#include "acquisition/info_box.h"
 #include "acquisition/viewer.h"
+#include "workstation/help_box.h"
 
 using acqtest::AcqTest;
 
@@ -12,16 +12,16 @@ class InfoBox : public AcqTest {};
 
 TEST_F(InfoBox, LinesAreAddedWithCrLfAnEmptyTextClearsAndClosingOnlyHides) {
     auto& box = ws.fm_help.txt_help;
-    acq::help_msg(ws, "Re-indexing");
+    station::help_msg(ws, "Re-indexing");
     // Closing only hides the box; a job goes on adding to it.
     ws.fm_help.form.setVisible(true);
-    EXPECT_TRUE(acq::fm_help_QueryUnload(ws));
+    EXPECT_TRUE(station::fm_help_QueryUnload(ws));
     EXPECT_FALSE(ws.fm_help.form.visible());
-    acq::help_msg(ws, "Record 100");
+    station::help_msg(ws, "Record 100");
     EXPECT_EQ(box.text(), "Re-indexing\r\nRecord 100\r\n");
-    acq::help_msg(ws, "");
+    station::help_msg(ws, "");
     EXPECT_EQ(box.text(), "");
-    acq::help_msg(ws, "");
+    station::help_msg(ws, "");
     EXPECT_EQ(box.text(), ""); // no line added by the empty text
 
     // The viewer too is only hidden, its labels as they were.
@@ -35,10 +35,10 @@ TEST_F(InfoBox, LinesAreAddedWithCrLfAnEmptyTextClearsAndClosingOnlyHides) {
 TEST_F(InfoBox, The6001stCharacterCutsTheBoxToItsLast5000) {
     auto& box = ws.fm_help.txt_help;
     // 5998 characters plus CR LF: exactly 6000, kept whole.
-    acq::help_msg(ws, QString(5998, QChar('a')));
+    station::help_msg(ws, QString(5998, QChar('a')));
     EXPECT_EQ(box.text().size(), 6000);
     // One more character with its CR LF passes 6000.
-    acq::help_msg(ws, "b");
+    station::help_msg(ws, "b");
     EXPECT_EQ(box.text().size(), 5000);
     EXPECT_TRUE(box.text().endsWith("a\r\nb\r\n"));
 }

@@ -38,7 +38,7 @@ TEST_F(LagDepthAnswer, OnTheSerialLineEachPacketIsAnsweredWithoutKeepAlive) {
     QSerialPort instrument;
     instrument.setPortName(pty.instrumentEnd());
     ASSERT_TRUE(instrument.open(QIODevice::ReadWrite));
-    ws.rt.Glag_depth_now = 1234.5;
+    ws.depth.Glag_depth_now = 1234.5;
     instrument.write("*KW1,03/05/2024,14:00:00,1500\r\n");
     instrument.flush();
 
@@ -69,9 +69,9 @@ TEST_F(LagDepthAnswer, OverTcpAPacketSplitInTwoIsAnsweredWithTheKeepAliveByte) {
         return instrument && ws.Winsock_ombri.State() == 7;
     }));
 
-    ws.rt.Glag_depth_now = 1234.5;
-    ws.rt.Guptime_percent = 40;
-    ws.rt.Gtcp_idle_count = 9;
+    ws.depth.Glag_depth_now = 1234.5;
+    ws.link.Guptime_percent = 40;
+    ws.link.Gtcp_idle_count = 9;
     instrument->write("*KW77,03/05/20");
     instrument->flush();
     EXPECT_FALSE(intakeUntil([&] { return field(0) == "KW77"; }, 200));
@@ -82,8 +82,8 @@ TEST_F(LagDepthAnswer, OverTcpAPacketSplitInTwoIsAnsweredWithTheKeepAliveByte) {
     EXPECT_EQ(field(acq::DEPTH), "1500.5");
     // Hand-computed check value 150 (see above), then the single byte 250.
     EXPECT_EQ(readBack(*instrument, 21), QByteArray("LAGDEPTH 1234.5 150\r") + char(250));
-    EXPECT_EQ(ws.rt.Guptime_percent, 100);
-    EXPECT_EQ(ws.rt.Gtcp_idle_count, 0);
+    EXPECT_EQ(ws.link.Guptime_percent, 100);
+    EXPECT_EQ(ws.link.Gtcp_idle_count, 0);
     EXPECT_TRUE(ws.more_data.text_window.text().contains("LAGDEPTH 1234.5 150\r"));
 
     // The instrument's TCPCONNECT is answered with a status request.

@@ -20,7 +20,7 @@ namespace {
 
 class LiveFields : public AcqTest {
   protected:
-    void setAlarm(const QString& f20) { ws.rt.Gombri_data_array[acq::ERRTXT] = f20; }
+    void setAlarm(const QString& f20) { ws.packet.Gombri_data_array[acq::ERRTXT] = f20; }
     QStringList errLog() const {
         QStringList lines = folder.read("ERR_LOG.TXT").split("\r\n");
         if (!lines.isEmpty() && lines.last().isEmpty()) lines.removeLast();
@@ -57,7 +57,7 @@ TEST(AlarmWords, LogAndScreenVocabulariesDifferWhereTheyShould) {
 TEST_F(LiveFields, AChangedAlarmFieldIsLoggedOnceWithAllItsNumbers) {
     setAlarm("5 12 ");
     acq::parse_err_str(ws);
-    EXPECT_EQ(ws.rt.Glast_alarm_text, "5 12 ");
+    EXPECT_EQ(ws.packet.Glast_alarm_text, "5 12 ");
     EXPECT_EQ(errLog(),
               QStringList{"14:07:09  03/05/2024 ** HIGH SAMPLE FLOW RATE / HIGH GAS UNITS / "});
     // The same text again: nothing more.
@@ -73,7 +73,7 @@ TEST_F(LiveFields, AChangedAlarmFieldIsLoggedOnceWithAllItsNumbers) {
     acq::parse_err_str(ws);
     setAlarm(" ");
     acq::parse_err_str(ws);
-    EXPECT_EQ(ws.rt.Glast_alarm_text, " ");
+    EXPECT_EQ(ws.packet.Glast_alarm_text, " ");
     EXPECT_EQ(errLog().size(), 2);
 
     // A bare number with no blank behind it splits into one element and
@@ -97,7 +97,7 @@ TEST_F(LiveFields, LabelsShowThePacketAndTheViewerTitleNamesIt) {
     acq::fill_vis_fields(ws);
     const auto& v = ws.more_data;
     EXPECT_EQ(v.form.caption(), "REAL TIME DATA KW12 03/05/2024 14:05:00");
-    EXPECT_EQ(ws.rt.Gserial_number, "KW12");
+    EXPECT_EQ(ws.packet.Gserial_number, "KW12");
     EXPECT_EQ(v.lbl_date.caption(), "03/05/2024");
     EXPECT_EQ(v.lbl_DrillDepth.caption(), "1500.5");
     EXPECT_EQ(v.lbl_GasUnits.caption(), "12.3"); // "0.0", a tie away from zero
@@ -119,16 +119,16 @@ TEST_F(LiveFields, GasUnitsColourFollowsTheTwoThresholds) {
     } rows[] = {{"999", Green},   {"1000", Green}, {"1000.5", Yellow},
                 {"2500", Yellow}, {"2500.5", Red}, {"x", Green}};
     for (const auto& r : rows) {
-        ws.rt.Gombri_data_array[acq::GASUNITS] = r.gas;
+        ws.packet.Gombri_data_array[acq::GASUNITS] = r.gas;
         acq::fill_vis_fields(ws);
         EXPECT_EQ(ws.more_data.lbl_GasUnits.foreColor(), r.colour) << r.gas;
     }
 }
 
 TEST_F(LiveFields, FootSecondsBottomsUpAndComponentColours) {
-    ws.rt.Grop_seconds_0 = 12.4;
-    ws.rt.Grop_seconds_1 = 3;
-    ws.rt.Grop_seconds_2 = 0;
+    ws.depth.Grop_seconds_0 = 12.4;
+    ws.depth.Grop_seconds_1 = 3;
+    ws.depth.Grop_seconds_2 = 0;
     ws.depth.bottomsUpMinutes = 45.25;
     const long colours[5] = {0x0000FF, 0x00FF00, 0xFF0000, 0x00FFFF, 0xFF00FF};
     auto& c = ws.settings;
@@ -148,8 +148,8 @@ TEST_F(LiveFields, FootSecondsBottomsUpAndComponentColours) {
 TEST_F(LiveFields, BitDepthShowsOffBottomOnlyWithWitsUp) {
     auto& v = ws.more_data;
     auto& frame = v.frameOf("lbl_bit_depth");
-    ws.rt.Gombri_data_array[acq::DEPTH] = "1000";
-    ws.rt.Gwits_alive = 10;
+    ws.packet.Gombri_data_array[acq::DEPTH] = "1000";
+    ws.wits.Gwits_alive = 10;
     v.lbl_bit_depth.setCaption("995.0"); // 995 + 2 < 1000
     acq::fill_vis_fields(ws);
     EXPECT_EQ(frame.caption(), "Bit Depth  OFF BOTTOM");
@@ -161,10 +161,10 @@ TEST_F(LiveFields, BitDepthShowsOffBottomOnlyWithWitsUp) {
     EXPECT_EQ(v.lbl_bit_depth.backColor(), Black);
 
     v.lbl_bit_depth.setCaption("500.0");
-    ws.rt.Gwits_alive = 0;
+    ws.wits.Gwits_alive = 0;
     acq::fill_vis_fields(ws);
     EXPECT_EQ(v.lbl_bit_depth.backColor(), Black);
-    ws.rt.Gwits_alive = 10;
+    ws.wits.Gwits_alive = 10;
     v.lbl_bit_depth.setCaption("9.5"); // 10 ft and less is no bit depth
     acq::fill_vis_fields(ws);
     EXPECT_EQ(v.lbl_bit_depth.backColor(), Black);
@@ -181,12 +181,12 @@ TEST_F(LiveFields, AlarmBoxShowsTheFirstNumberAndLeavesALastLineWhenCleared) {
     // While the alarm monitor has a message the box is left to it.
     parse(Packet({{20, "0 "}}));
     ws.fm_Gas_Chart.txt_message.setText(""); // only what the display adds counts here
-    ws.rt.alarmMonitorText = "LOST WITS";
+    ws.alarms.alarmMonitorText = "LOST WITS";
     acq::fill_vis_fields(ws);
     EXPECT_EQ(box.text(), "High Sample Flow Rate");
     EXPECT_TRUE(ws.fm_Gas_Chart.txt_message.text().isEmpty());
 
-    ws.rt.alarmMonitorText.clear();
+    ws.alarms.alarmMonitorText.clear();
     acq::fill_vis_fields(ws);
     EXPECT_EQ(box.text(), "");
     EXPECT_EQ(box.backColor(), White);
@@ -204,15 +204,15 @@ TEST_F(LiveFields, AlarmBoxShowsTheFirstNumberAndLeavesALastLineWhenCleared) {
 }
 
 TEST_F(LiveFields, LogLinesCarryTheSerialTheClockAndCrLf) {
-    ws.rt.UnitSerial = "KW-77";
-    acq::disply_text_alarms(ws, "DB Write Err: disk full  Err point: 4");
-    acq::write_function_log(ws, "Set The Depth 1500");
+    ws.packet.UnitSerial = "KW-77";
+    station::disply_text_alarms(ws, "DB Write Err: disk full  Err point: 4");
+    station::write_function_log(ws, "Set The Depth 1500");
     EXPECT_EQ(folder.read("ERR_LOG.TXT"),
               "** KW-77 - 14:07:09  03/05/2024  DB Write Err: disk full  Err point: 4\r\n");
     EXPECT_EQ(folder.read("COMMAND_LOG.TXT"),
               "KW-77 14:07:09  03/05/2024 *** Set The Depth 1500\r\n");
     // Appended, never rewritten.
-    acq::write_function_log(ws, "second");
+    station::write_function_log(ws, "second");
     EXPECT_TRUE(folder.read("COMMAND_LOG.TXT")
                     .endsWith("*** Set The Depth 1500\r\n"
                               "KW-77 14:07:09  03/05/2024 *** second\r\n"));
@@ -220,37 +220,37 @@ TEST_F(LiveFields, LogLinesCarryTheSerialTheClockAndCrLf) {
 
 TEST_F(LiveFields, MessageBoxAddsLinesClearsOnEmptyAndIsBounded) {
     auto& box = ws.fm_Gas_Chart.txt_message;
-    acq::disply_text_alarms(ws, "one");
-    acq::disply_text_alarms(ws, "two");
+    station::disply_text_alarms(ws, "one");
+    station::disply_text_alarms(ws, "two");
     EXPECT_EQ(box.text(), "one\r\ntwo");
-    acq::disply_text_alarms(ws, "");
+    station::disply_text_alarms(ws, "");
     EXPECT_EQ(box.text(), "");
     EXPECT_EQ(errLog().size(), 2); // the empty text logs nothing
 
-    acq::disply_text_alarms(ws, QString(3000, QChar('m')));
+    station::disply_text_alarms(ws, QString(3000, QChar('m')));
     EXPECT_EQ(box.text().size(), 3000);
-    acq::disply_text_alarms(ws, "z");
+    station::disply_text_alarms(ws, "z");
     EXPECT_EQ(box.text().size(), 2000);
     EXPECT_TRUE(box.text().endsWith("m\r\nz"));
 }
 
 TEST_F(LiveFields, TerminalIsCutTo8500AtThe9501stCharacter) {
     auto& box = ws.more_data.text_window;
-    acq::disply_text(ws, QString(9500, QChar('t')));
+    station::disply_text(ws, QString(9500, QChar('t')));
     EXPECT_EQ(box.text().size(), 9500);
-    acq::disply_text(ws, "X");
+    station::disply_text(ws, "X");
     EXPECT_EQ(box.text().size(), 8500);
     EXPECT_TRUE(box.text().endsWith("tX"));
 }
 
 TEST_F(LiveFields, ALogWhoseFolderIsGoneIsPassedOver) {
     Workstation gone(folder.path() + "/gone");
-    acq::disply_text_alarms(gone, "still shown");
-    acq::write_function_log(gone, "lost quietly");
-    gone.rt.Gombri_data_array[acq::ERRTXT] = "5 ";
+    station::disply_text_alarms(gone, "still shown");
+    station::write_function_log(gone, "lost quietly");
+    gone.packet.Gombri_data_array[acq::ERRTXT] = "5 ";
     acq::parse_err_str(gone);
     EXPECT_EQ(gone.fm_Gas_Chart.txt_message.text(), "still shown");
-    EXPECT_EQ(gone.rt.Glast_alarm_text, "5 ");
+    EXPECT_EQ(gone.packet.Glast_alarm_text, "5 ");
     EXPECT_FALSE(QFileInfo::exists(folder.path() + "/gone"));
 }
 

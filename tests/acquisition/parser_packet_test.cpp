@@ -3,8 +3,8 @@
 #include "acq_fixture.h"
 
 #include "acquisition/live_fields.h"
+#include "acquisition/main_loop.h"
 #include "acquisition/parser.h"
-#include "acquisition/timers.h"
 #include "text/numbers.h"
 #include "wits/wits_link.h"
 
@@ -16,7 +16,7 @@ namespace {
 class ParserPacket : public AcqTest {};
 
 TEST_F(ParserPacket, APacketIsSplitIntoTheArrayAndTheWatchdogReset) {
-    ws.rt.Glink_countdown = 7;
+    ws.link.Glink_countdown = 7;
     // Text before the star goes with the packet.
     parse("noise\r\nmore noise *KW1234,03/05/2024,14:05:00,1500.5,12.25,20.9,0.1,1,41,3.2,18.7"
           "\r\ntail");
@@ -26,19 +26,19 @@ TEST_F(ParserPacket, APacketIsSplitIntoTheArrayAndTheWatchdogReset) {
     EXPECT_EQ(field(acq::DEPTH), "1500.5");
     EXPECT_EQ(field(acq::GASUNITS), "12.25");
     EXPECT_EQ(field(acq::FTHR), "18.7");
-    EXPECT_EQ(ws.rt.Glink_countdown, 61);
+    EXPECT_EQ(ws.link.Glink_countdown, 61);
     EXPECT_EQ(buffer(), "\ntail");
-    EXPECT_FALSE(ws.rt.Gparse_busy);
+    EXPECT_FALSE(ws.packet.Gparse_busy);
 }
 
 TEST_F(ParserPacket, AShortPacketWaitsForItsCrAndLeavesTheLaterFieldsAsTheyWere) {
     parse(Packet({{29, "C1a"}, {39, "NC5a"}}));
-    ws.rt.Gline_buffer.clear();
-    ws.rt.Glink_countdown = 9;
+    ws.packet.Gline_buffer.clear();
+    ws.link.Glink_countdown = 9;
     parse("*SN,d,t");
     EXPECT_EQ(buffer(), "*SN,d,t");
     EXPECT_EQ(field(0), "f0");
-    EXPECT_EQ(ws.rt.Glink_countdown, 9);
+    EXPECT_EQ(ws.link.Glink_countdown, 9);
     parse(",100\r");
     EXPECT_EQ(field(0), "SN");
     EXPECT_EQ(field(3), "100");
@@ -81,15 +81,15 @@ TEST_F(ParserPacket, SixtyOneFieldsAreTakenSixtyTwoFailTheParse) {
     EXPECT_EQ(field(60), "last");
     EXPECT_FALSE(ws.fm_Gas_Chart.txt_message.text().contains("parsing Err"));
 
-    ws.rt.Glink_countdown = 3;
+    ws.link.Glink_countdown = 3;
     parse(Packet({{0, "SNX"}, {60, "sixty"}, {61, "extra"}}, 62) + "*next,1\r\n");
     // The fields before the failure were copied, the rest of the buffer is
     // gone with the packet behind it, and the next call starts clean.
     EXPECT_EQ(field(0), "*SNX");
     EXPECT_EQ(field(60), "sixty");
     EXPECT_TRUE(buffer().isEmpty());
-    EXPECT_FALSE(ws.rt.Gparse_busy);
-    EXPECT_EQ(ws.rt.Glink_countdown, 61);
+    EXPECT_FALSE(ws.packet.Gparse_busy);
+    EXPECT_EQ(ws.link.Glink_countdown, 61);
     const QString msg = ws.fm_Gas_Chart.txt_message.text().section("\r\n", -1);
     EXPECT_TRUE(msg.startsWith("Kettlewick packet parsing Err: Subscript out of range Err pt: "))
         << msg.toStdString();
@@ -105,38 +105,38 @@ TEST_F(ParserPacket, SixtyOneFieldsAreTakenSixtyTwoFailTheParse) {
 }
 
 TEST_F(ParserPacket, TheIntakeTickTakesOnePacketATimeAndHoldsTextWhileBusyOrInTransfer) {
-    ws.rt.Garrival_buffer = Packet({{0, "FIRST"}}) + Packet({{0, "SECOND"}});
+    ws.packet.Garrival_buffer = Packet({{0, "FIRST"}}) + Packet({{0, "SECOND"}});
     acq::tmrDataArrival_Timer(ws);
     EXPECT_EQ(field(0), "FIRST");
-    EXPECT_TRUE(ws.rt.Garrival_buffer.isEmpty());
+    EXPECT_TRUE(ws.packet.Garrival_buffer.isEmpty());
     EXPECT_TRUE(buffer().startsWith("\n*SECOND,"));
     acq::tmrDataArrival_Timer(ws);
     EXPECT_EQ(field(0), "SECOND");
     EXPECT_EQ(buffer(), "\n");
 
-    ws.rt.Gparse_busy = true;
-    ws.rt.Garrival_buffer = Packet({{0, "HELD"}});
+    ws.packet.Gparse_busy = true;
+    ws.packet.Garrival_buffer = Packet({{0, "HELD"}});
     acq::tmrDataArrival_Timer(ws);
-    EXPECT_EQ(ws.rt.Garrival_buffer, Packet({{0, "HELD"}}));
+    EXPECT_EQ(ws.packet.Garrival_buffer, Packet({{0, "HELD"}}));
     EXPECT_EQ(buffer(), "\n");
-    ws.rt.Gparse_busy = false;
+    ws.packet.Gparse_busy = false;
 
-    ws.rt.Gtransfer_active = true;
+    ws.packet.Gtransfer_active = true;
     acq::tmrDataArrival_Timer(ws);
-    EXPECT_TRUE(ws.rt.Garrival_buffer.isEmpty());
-    EXPECT_EQ(ws.rt.Gtransfer_buffer, Packet({{0, "HELD"}}));
+    EXPECT_TRUE(ws.packet.Garrival_buffer.isEmpty());
+    EXPECT_EQ(ws.packet.Gtransfer_buffer, Packet({{0, "HELD"}}));
     EXPECT_EQ(field(0), "SECOND");
 }
 
 TEST_F(ParserPacket, LocalWitsReplacesDepthAndRatesOnlyWhileItIsUp) {
     ws.fm_WITS.ck_Use_Local_WITS.setChecked(true);
-    ws.rt.Gwits_values[1] = 2345.5;
-    ws.rt.Gwits_alive = 0;
+    ws.wits.Gwits_values[1] = 2345.5;
+    ws.wits.Gwits_alive = 0;
     parse(Packet({{3, "1000"}, {9, "2.5"}, {10, "24"}}));
     EXPECT_EQ(field(3), "1000");
     EXPECT_EQ(field(9), "2.5");
 
-    ws.rt.Gwits_alive = 1;
+    ws.wits.Gwits_alive = 1;
     parse(Packet({{3, "1000"}, {9, "2.5"}, {10, "24"}}));
     EXPECT_EQ(field(3), "2345.5");
     EXPECT_EQ(field(9), text::Str(wits::WitsMinFt(ws)));
@@ -144,7 +144,7 @@ TEST_F(ParserPacket, LocalWitsReplacesDepthAndRatesOnlyWhileItIsUp) {
 
     // Relayed WITS (box clear) leaves the packet as the instrument sent it.
     ws.fm_WITS.ck_Use_Local_WITS.setChecked(false);
-    ws.rt.Gwits_alive = 30;
+    ws.wits.Gwits_alive = 30;
     parse(Packet({{3, "1001"}}));
     EXPECT_EQ(field(3), "1001");
     // The display applies the override again to what the packet left.

@@ -3,7 +3,7 @@
 #include "acq_fixture.h"
 #include "raw_db.h"
 
-#include "store/schema.h"
+#include "db/schema.h"
 
 #include <QDir>
 
@@ -18,7 +18,7 @@ class ParserSaving : public AcqTest {
 
     void SetUp() override {
         QDir().mkpath(folder.file("DB_CUE"));
-        store::MakeBlankJob(job, store::kRecordTable);
+        db::MakeBlankJob(job, db::kRecordTable);
         ws.fm_Gas_Chart.txt_db_path.setText(job);
     }
     // Packet n at 06:00:00 plus six seconds a packet, at depth 1000 + n.
@@ -45,20 +45,20 @@ class ParserSaving : public AcqTest {
 };
 
 TEST_F(ParserSaving, RelayedWitsSavesThePacketWhenTheBlockArrives) {
-    ws.rt.Gwits_alive = 0;
+    ws.wits.Gwits_alive = 0;
     parse(Numbered(1)); // WITS down: saved at once
     EXPECT_EQ(rows(), 1);
 
     // A packet that came while the stream was up waits for its block; the
     // stream runs out before the block comes. The first block after the
     // outage saves nothing (the waiting packet is lost), then marks it alive.
-    ws.rt.Gwits_alive = 5;
+    ws.wits.Gwits_alive = 5;
     parse(Numbered(2));
     EXPECT_EQ(rows(), 1);
-    ws.rt.Gwits_alive = 0;
+    ws.wits.Gwits_alive = 0;
     parse(Block("01085000.5,01105001.5"));
     EXPECT_EQ(rows(), 1);
-    EXPECT_EQ(ws.rt.Gwits_alive, 60);
+    EXPECT_EQ(ws.wits.Gwits_alive, 60);
 
     // Now the packet waits for the block, which brings its bit depth.
     parse(Numbered(3));
@@ -79,8 +79,8 @@ TEST_F(ParserSaving, RelayedWitsSavesThePacketWhenTheBlockArrives) {
 
 TEST_F(ParserSaving, LocalWitsSavesAtThePacketWithTheWitsDepth) {
     ws.fm_WITS.ck_Use_Local_WITS.setChecked(true);
-    ws.rt.Gwits_alive = 40;
-    ws.rt.Gwits_values[1] = 7777.5;
+    ws.wits.Gwits_alive = 40;
+    ws.wits.Gwits_values[1] = 7777.5;
     parse(Numbered(1));
     EXPECT_EQ(rows(), 1);
     EXPECT_EQ(value("SELECT DEPTH FROM OMBRI_DB_010"), "7777.5");
@@ -94,7 +94,7 @@ TEST_F(ParserSaving, WithoutWitsEachPacketIsSavedAtItsLineAndAChangedAlarmReache
     EXPECT_EQ(value("SELECT DEPTH FROM OMBRI_DB_010 WHERE PACKET_NUM = 2"), "1002.0");
     const QString log = folder.read("ERR_LOG.TXT");
     EXPECT_EQ(log.count("HIGH SAMPLE FLOW RATE / HIGH GAS UNITS / \r\n"), 1) << log.toStdString();
-    EXPECT_EQ(ws.rt.Glast_alarm_text, "0 ");
+    EXPECT_EQ(ws.packet.Glast_alarm_text, "0 ");
 }
 
 } // namespace

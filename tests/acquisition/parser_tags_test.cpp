@@ -15,17 +15,17 @@ TEST_F(ParserTags, BannerFindsTheDetectorAndThrowsTheWholeBufferAway) {
     // TCPCONNECT without a socket to answer on only clears.
     parse("TCPCONNECT\r\n");
     EXPECT_TRUE(buffer().isEmpty());
-    EXPECT_FALSE(ws.rt.Gdetector_found);
+    EXPECT_FALSE(ws.link.Gdetector_found);
 
-    ws.rt.Gombri_data_array[0] = "old";
+    ws.packet.Gombri_data_array[0] = "old";
     parse("KETTLEWICK GAS DETECTOR V3\r\n" + Packet({{0, "SN9"}}));
-    EXPECT_TRUE(ws.rt.Gdetector_found);
+    EXPECT_TRUE(ws.link.Gdetector_found);
     EXPECT_TRUE(buffer().isEmpty());
     // The packet in the same buffer is lost: nothing was copied, the link
     // watchdog did not move.
     EXPECT_EQ(field(0), "old");
-    EXPECT_EQ(ws.rt.Glink_countdown, 5);
-    EXPECT_FALSE(ws.rt.Gparse_busy);
+    EXPECT_EQ(ws.link.Glink_countdown, 5);
+    EXPECT_FALSE(ws.packet.Gparse_busy);
 }
 
 TEST_F(ParserTags, TimingSetCutsOnlyTheFirstThreeCharactersOfEveryTag) {
@@ -48,17 +48,17 @@ TEST_F(ParserTags, TimingSetCutsOnlyTheFirstThreeCharactersOfEveryTag) {
 
 TEST_F(ParserTags, UptimeIsReadAndItsLineCutWhereverItStands) {
     parse("[UPTIME 87.5]\r\nA[UPTIME 87.5]\r\nB");
-    EXPECT_DOUBLE_EQ(ws.rt.Guptime_percent, 87.5);
+    EXPECT_DOUBLE_EQ(ws.link.Guptime_percent, 87.5);
     // The tag through CR LF goes, every copy of that exact text.
     EXPECT_EQ(buffer(), "AB");
-    ws.rt.Gline_buffer.clear();
+    ws.packet.Gline_buffer.clear();
 
     // Without its CR the line waits whole.
     parse("[UPTIME 42]");
-    EXPECT_DOUBLE_EQ(ws.rt.Guptime_percent, 87.5);
+    EXPECT_DOUBLE_EQ(ws.link.Guptime_percent, 87.5);
     EXPECT_EQ(buffer(), "[UPTIME 42]");
     parse("\r\n");
-    EXPECT_DOUBLE_EQ(ws.rt.Guptime_percent, 42);
+    EXPECT_DOUBLE_EQ(ws.link.Guptime_percent, 42);
     EXPECT_TRUE(buffer().isEmpty());
 }
 
@@ -67,11 +67,11 @@ TEST_F(ParserTags, AnOlderCrBeforeATagKeepsTheTagWaiting) {
     // packet's CR stands first, so the uptime line waits for the next call.
     parse(Packet({{0, "SN1"}}) + "[UPTIME 33]\r\n");
     EXPECT_EQ(field(0), "SN1");
-    EXPECT_DOUBLE_EQ(ws.rt.Guptime_percent, 100);
+    EXPECT_DOUBLE_EQ(ws.link.Guptime_percent, 100);
     // The packet went through its CR; its LF is still in front.
     EXPECT_EQ(buffer(), "\n[UPTIME 33]\r\n");
     parse("");
-    EXPECT_DOUBLE_EQ(ws.rt.Guptime_percent, 33);
+    EXPECT_DOUBLE_EQ(ws.link.Guptime_percent, 33);
     EXPECT_EQ(buffer(), "\n");
 }
 
@@ -79,13 +79,13 @@ TEST_F(ParserTags, TheTagCutTakesOneCharacterPastTheCrEvenWithoutALineFeed) {
     // A CR-only line loses the next character instead of a line feed: here
     // the star of the packet behind it, so that packet is never taken.
     parse("[UPTIME 60]\r*SN5,1,2\r\n");
-    EXPECT_DOUBLE_EQ(ws.rt.Guptime_percent, 60);
+    EXPECT_DOUBLE_EQ(ws.link.Guptime_percent, 60);
     EXPECT_EQ(buffer(), "SN5,1,2\r\n");
     EXPECT_NE(field(0), "SN5");
     // A CR at the very end: the cut simply ends with the buffer.
-    ws.rt.Gline_buffer.clear();
+    ws.packet.Gline_buffer.clear();
     parse("[UPTIME 61]\r");
-    EXPECT_DOUBLE_EQ(ws.rt.Guptime_percent, 61);
+    EXPECT_DOUBLE_EQ(ws.link.Guptime_percent, 61);
     EXPECT_TRUE(buffer().isEmpty());
 }
 
@@ -129,11 +129,11 @@ TEST_F(ParserTags, TheSearchesRunInTheirFixedOrder) {
     ws.fm_setup.txt_data[1].setText("-");
     parse("Reg 25 = 7 KETTLEWICK");
     EXPECT_EQ(ws.fm_setup.txt_data[1].text(), "-");
-    EXPECT_TRUE(ws.rt.Gdetector_found);
+    EXPECT_TRUE(ws.link.Gdetector_found);
 
     // A register reply comes before the packet and clears: the packet that
     // shares its buffer is lost.
-    ws.rt.Gombri_data_array[0] = "old";
+    ws.packet.Gombri_data_array[0] = "old";
     parse(Packet({{0, "SN7"}}) + "Reg 25 = 3\r\n");
     EXPECT_EQ(ws.fm_setup.txt_data[1].text(), "3");
     EXPECT_EQ(field(0), "old");
@@ -142,7 +142,7 @@ TEST_F(ParserTags, TheSearchesRunInTheirFixedOrder) {
     // Uptime, packet and health line in one buffer are all handled in one
     // call, each by its own step.
     parse("[UPTIME 70]\r\n" + Packet({{0, "SN2"}}) + "&1,2,3,4,5,6,7\r\n");
-    EXPECT_DOUBLE_EQ(ws.rt.Guptime_percent, 70);
+    EXPECT_DOUBLE_EQ(ws.link.Guptime_percent, 70);
     EXPECT_EQ(field(0), "SN2");
     EXPECT_EQ(ws.fm_setup.fr_sample.caption(), "Sample Gas Sensor Health: Good");
     EXPECT_EQ(buffer(), "\n");
@@ -158,7 +158,7 @@ TEST_F(ParserTags, TheBufferIsClearedPast1024CharactersOfUnknownText) {
     // A packet that never gets its CR goes the same way.
     parse("*" + QString(1100, QChar('1')));
     EXPECT_TRUE(buffer().isEmpty());
-    EXPECT_FALSE(ws.rt.Gparse_busy);
+    EXPECT_FALSE(ws.packet.Gparse_busy);
 }
 
 TEST_F(ParserTags, HealthLineNeedsMoreThanSixFields) {
@@ -170,7 +170,7 @@ TEST_F(ParserTags, HealthLineNeedsMoreThanSixFields) {
     // Whatever the count, the line went through its CR.
     EXPECT_EQ(buffer(), "\nX");
 
-    ws.rt.Gline_buffer.clear();
+    ws.packet.Gline_buffer.clear();
     parse("&1,2,3,4,5,6,7");
     EXPECT_EQ(buffer(), "&1,2,3,4,5,6,7"); // waits for the CR
     parse("\r\n");

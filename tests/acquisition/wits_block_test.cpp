@@ -49,16 +49,16 @@ TEST_F(WitsBlock, EveryCodeOfTheRoleTableLandsInItsSlot) {
         {129, 26, 600.5, 600.5},
     };
     for (const Case& c : cases) {
-        ws.rt.Gwits_values.fill(-1);
+        ws.wits.Gwits_values.fill(-1);
         parse(Block({Item(c.code, text::Str(c.sent))}));
-        for (int s = 0; s < acq::kWitsSlots; ++s) {
+        for (int s = 0; s < wits::kWitsSlots; ++s) {
             const double want = s == c.slot ? c.stored : -1;
-            EXPECT_DOUBLE_EQ(ws.rt.Gwits_values[s], want) << "code " << c.code << " slot " << s;
+            EXPECT_DOUBLE_EQ(ws.wits.Gwits_values[s], want) << "code " << c.code << " slot " << s;
         }
     }
     // The whole part drops the fraction towards zero, below zero too.
     parse(Block({Item(123, "-3.7")}));
-    EXPECT_DOUBLE_EQ(ws.rt.Gwits_values[8], -3);
+    EXPECT_DOUBLE_EQ(ws.wits.Gwits_values[8], -3);
     // No row writes into 22 to 25: they are the custom channels'.
     for (const auto& r : acq::WitsRoleTable()) {
         EXPECT_TRUE(r.slot < acq::kFirstCustomSlot || r.slot > acq::kFirstCustomSlot + 3) << r.slot;
@@ -68,33 +68,33 @@ TEST_F(WitsBlock, EveryCodeOfTheRoleTableLandsInItsSlot) {
 TEST_F(WitsBlock, CustomCodesFillTheirSlotsBesideAFixedOneAndHoldFor300Seconds) {
     // The setup panel's defaults: 0117, 0121, 0120, 0126.
     ws.fm_setup.txt_custom_wits_number[3].setText("0999");
-    ws.rt.Gwits_custom_hold = 0;
+    ws.wits.Gwits_custom_hold = 0;
     parse(Block({Item(117, "22.5")}));
-    EXPECT_DOUBLE_EQ(ws.rt.Gwits_values[4], 22.5);  // fixed slot
-    EXPECT_DOUBLE_EQ(ws.rt.Gwits_values[22], 22.5); // and custom 1
-    EXPECT_EQ(ws.rt.Gwits_custom_hold, 300);
+    EXPECT_DOUBLE_EQ(ws.wits.Gwits_values[4], 22.5);  // fixed slot
+    EXPECT_DOUBLE_EQ(ws.wits.Gwits_values[22], 22.5); // and custom 1
+    EXPECT_EQ(ws.wits.Gwits_custom_hold, 300);
 
-    ws.rt.Gwits_custom_hold = 12;
+    ws.wits.Gwits_custom_hold = 12;
     parse(Block({Item(121, "2800.5"), Item(120, "95.5"), Item(999, "7.25")}));
-    EXPECT_DOUBLE_EQ(ws.rt.Gwits_values[23], 2800.5);
-    EXPECT_DOUBLE_EQ(ws.rt.Gwits_values[24], 95.5);
+    EXPECT_DOUBLE_EQ(ws.wits.Gwits_values[23], 2800.5);
+    EXPECT_DOUBLE_EQ(ws.wits.Gwits_values[24], 95.5);
     // A custom value is stored as sent, not cut to its whole part.
-    EXPECT_DOUBLE_EQ(ws.rt.Gwits_values[25], 7.25);
-    EXPECT_EQ(ws.rt.Gwits_custom_hold, 300);
+    EXPECT_DOUBLE_EQ(ws.wits.Gwits_values[25], 7.25);
+    EXPECT_EQ(ws.wits.Gwits_custom_hold, 300);
 
     // A code that is neither fixed nor custom reaches the list only.
-    const auto before = ws.rt.Gwits_values;
-    ws.rt.Gwits_custom_hold = 5;
+    const auto before = ws.wits.Gwits_values;
+    ws.wits.Gwits_custom_hold = 5;
     parse(Block({Item(555, "1.5")}));
-    EXPECT_EQ(ws.rt.Gwits_values, before);
-    EXPECT_EQ(ws.rt.Gwits_custom_hold, 5);
+    EXPECT_EQ(ws.wits.Gwits_values, before);
+    EXPECT_EQ(ws.wits.Gwits_custom_hold, 5);
     EXPECT_EQ(ws.more_data.wits_info.items(), QStringList{"0555  Unknown  1.5"});
 
     // A custom pump code keeps the fraction in its custom slot only.
     ws.fm_setup.txt_custom_wits_number[0].setText("123");
     parse(Block({Item(123, "45.9")}));
-    EXPECT_DOUBLE_EQ(ws.rt.Gwits_values[8], 45);
-    EXPECT_DOUBLE_EQ(ws.rt.Gwits_values[22], 45.9);
+    EXPECT_DOUBLE_EQ(ws.wits.Gwits_values[8], 45);
+    EXPECT_DOUBLE_EQ(ws.wits.Gwits_values[22], 45.9);
 }
 
 TEST_F(WitsBlock, TheListShowsEveryItemAndTheBitDepthLabelFollows0108) {
@@ -104,7 +104,7 @@ TEST_F(WitsBlock, TheListShowsEveryItemAndTheBitDepthLabelFollows0108) {
               (QStringList{"0108  Depth Bit (meas)  1234.5", "1108  Depth Hole (meas)  1240",
                            "7777  Unknown  3.5"}));
     EXPECT_EQ(ws.more_data.lbl_bit_depth.caption(), "1234.5");
-    EXPECT_DOUBLE_EQ(ws.rt.Gwits_values[0], 1234.5);
+    EXPECT_DOUBLE_EQ(ws.wits.Gwits_values[0], 1234.5);
 
     parse(Block({Item(108, "1300")}));
     EXPECT_EQ(ws.more_data.lbl_bit_depth.caption(), "1300.0");
@@ -113,46 +113,46 @@ TEST_F(WitsBlock, TheListShowsEveryItemAndTheBitDepthLabelFollows0108) {
 
 TEST_F(WitsBlock, TheFirstFiveFieldsAreNeverRead) {
     parse("^0108111,0108222,0108333,0108444,0108555," + Item(110, "19") + "\r\n");
-    EXPECT_DOUBLE_EQ(ws.rt.Gwits_values[0], 0);
-    EXPECT_DOUBLE_EQ(ws.rt.Gwits_values[1], 19);
+    EXPECT_DOUBLE_EQ(ws.wits.Gwits_values[0], 0);
+    EXPECT_DOUBLE_EQ(ws.wits.Gwits_values[1], 19);
 }
 
 TEST_F(WitsBlock, ABlockMarksTheStreamAliveAndFreshValuesDriveThePumpButton) {
-    ws.rt.Gwits_alive = 0;
-    ws.rt.Gspm = 87.6;
+    ws.wits.Gwits_alive = 0;
+    ws.wits.Gspm = 87.6;
     parse(Block({Item(123, "40")}) + "tail");
-    EXPECT_EQ(ws.rt.Gwits_alive, 60);
+    EXPECT_EQ(ws.wits.Gwits_alive, 60);
     EXPECT_EQ(ws.fm_Gas_Chart.cmd_pumps.caption(), "88 SPM");
     EXPECT_EQ(ws.fm_Gas_Chart.cmd_pumps.backColor(), forms::color::Green);
     EXPECT_EQ(buffer(), "\ntail");
 
-    ws.rt.Gspm = 0;
+    ws.wits.Gspm = 0;
     parse(Block({Item(123, "0")}));
     EXPECT_EQ(ws.fm_Gas_Chart.cmd_pumps.caption(), "Pumps Off");
     EXPECT_EQ(ws.fm_Gas_Chart.cmd_pumps.backColor(), forms::color::Red);
 }
 
 TEST_F(WitsBlock, AShortBlockLosesItsLineButTheFieldCountIsOverTheWholeBuffer) {
-    ws.rt.Gwits_alive = 0;
+    ws.wits.Gwits_alive = 0;
     ws.more_data.wits_info.addItem("kept");
     parse("^1,2,3\r\nX");
     EXPECT_EQ(buffer(), "\nX");
-    EXPECT_EQ(ws.rt.Gwits_alive, 0);
+    EXPECT_EQ(ws.wits.Gwits_alive, 0);
     EXPECT_EQ(ws.more_data.wits_info.items(), QStringList{"kept"});
 
     // The same block line with text waiting behind it that lifts the count
     // to six: the block is taken, with no items to read.
-    ws.rt.Gline_buffer.clear();
+    ws.packet.Gline_buffer.clear();
     parse("^1,2,3\r\nx,y,z,w");
-    EXPECT_EQ(ws.rt.Gwits_alive, 60);
+    EXPECT_EQ(ws.wits.Gwits_alive, 60);
     EXPECT_TRUE(ws.more_data.wits_info.items().isEmpty());
     EXPECT_EQ(buffer(), "\nx,y,z,w");
 
     // Without its CR the block waits.
-    ws.rt.Gline_buffer.clear();
+    ws.packet.Gline_buffer.clear();
     parse("^H0,H1,H2,H3,H4,0110500");
     EXPECT_EQ(buffer(), "^H0,H1,H2,H3,H4,0110500");
-    EXPECT_DOUBLE_EQ(ws.rt.Gwits_values[1], 0);
+    EXPECT_DOUBLE_EQ(ws.wits.Gwits_values[1], 0);
 }
 
 } // namespace

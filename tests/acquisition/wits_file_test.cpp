@@ -41,7 +41,7 @@ TEST_F(WitsFile, TheShippedFileNamesEveryStandardCodeOfTheRoleTable) {
 
 TEST_F(WitsFile, AMissingFileIsLoggedAndAnUnreadableOneReported) {
     QFile::remove(folder.file("WITSconfig_V10.txt"));
-    ws.rt.UnitSerial = "KW5";
+    ws.packet.UnitSerial = "KW5";
     wits::LoadWitsFile(ws);
     EXPECT_EQ(ws.wits.itemCount, 0);
     EXPECT_EQ(name(108), "Unknown");

@@ -1,5 +1,7 @@
 #include "program_folder.h"
 
+#include "acquisition/tick_table.h"
+
 #include <QFile>
 #include <QFileInfo>
 
@@ -19,6 +21,11 @@ QString ProgramFolder::read(const QString& name) const {
 
 bool ProgramFolder::exists(const QString& name) const {
     return QFileInfo::exists(file(name));
+}
+
+WiredWorkstation::WiredWorkstation(const QString& dir, platform::Dialogs* dialogs)
+    : Workstation(dir, dialogs) {
+    acq::Wire(*this);
 }
 
 } // namespace testkit

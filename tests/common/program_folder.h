@@ -2,7 +2,7 @@
 // A temporary program folder with the files the workstation ships with, and
 // a workstation over it.
 
-#include "acquisition/workstation.h"
+#include "workstation/workstation.h"
 
 #include <QTemporaryDir>
 #include <memory>
@@ -21,6 +21,13 @@ class ProgramFolder {
   private:
     QTemporaryDir dir_;
     QString path_;
+};
+
+// A workstation wired as the program wires it: the named timers bound to
+// their ticks and the services of the layers above.
+class WiredWorkstation : public Workstation {
+  public:
+    explicit WiredWorkstation(const QString& dir, platform::Dialogs* dialogs = nullptr);
 };
 
 } // namespace testkit

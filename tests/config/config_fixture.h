@@ -4,10 +4,10 @@
 // them the file can set but not clear, and a way to move every kept control
 // off its default.
 
-#include "acquisition/workstation.h"
 #include "config/config_file.h"
 #include "program_folder.h"
 #include "scripted_dialogs.h"
+#include "workstation/workstation.h"
 
 #include <QFile>
 #include <gtest/gtest.h>
@@ -22,7 +22,7 @@ inline QDateTime FixedNow() {
 struct Station {
     testkit::ProgramFolder folder;
     testkit::ScriptedDialogs dialogs;
-    Workstation ws{folder.path(), &dialogs};
+    testkit::WiredWorkstation ws{folder.path(), &dialogs};
     Station() {
         ws.Now = [] { return FixedNow(); };
     }
@@ -99,14 +99,14 @@ inline void SetEverythingOffDefault(Workstation& ws) {
     p.txt_delim.setText(";");
     p.op_delim.setValue(3);
     p.op_wits_item.setValue(1);
-    ws.rt.Gwits_column = 1;
+    ws.chart.Gwits_column = 1;
     p.op1_oil_ind.setValue(3);
     p.op_cg_in_gu.setValue(0);
     p.op_cg_percent_sam.setValue(1);
 
     ws.fm_Gas_Chart.txt_db_path.setText("/jobs/well 7/WELL7.DB");
-    ws.rt.Grefresh_seconds = 240;
-    ws.rt.Gserial_number = "4711";
+    ws.chart.Grefresh_seconds = 240;
+    ws.packet.Gserial_number = "4711";
     auto& s = ws.settings;
     s.Zoom = 4;
     s.MenuX = 2400;

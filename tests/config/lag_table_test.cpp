@@ -1,8 +1,8 @@
 // The lag zones between the job file and the setup panel, on real job files.
 // What is in the file is checked with SQLite itself, not through the store.
 #include "config_fixture.h"
+#include "db/schema.h"
 #include "depth/lag.h"
-#include "store/schema.h"
 
 #include <sqlite3.h>
 
@@ -47,13 +47,13 @@ struct Job : Station {
     QString path = folder.file("JOB.DB");
     Job() {
         ws.fm_Gas_Chart.txt_db_path.setText(path);
-        ws.rt.Gstarting_up = false;
+        ws.loop.Gstarting_up = false;
     }
     // A job file with the record table only, as a file made before the lag
     // zones were kept would be.
     void makeWithoutLagTable() const {
-        store::Database db = store::OpenDatabase(path, store::OpenMode::Create);
-        store::CreateRecordTable(db, store::kRecordTable);
+        db::Database db = db::OpenDatabase(path, db::OpenMode::Create);
+        db::CreateRecordTable(db, db::kRecordTable);
         db.Close();
     }
     QString message() const { return ws.fm_Gas_Chart.txt_message.text(); }
@@ -86,7 +86,7 @@ TEST(LagTable, ANewFileGetsSixRowsThatLagByTimePerDepth) {
 
 TEST(LagTable, AFileThatHasTheTableKeepsItsRowsAndFewerThanSixLeaveThePanelsOthers) {
     Job job;
-    store::MakeBlankJob(job.path, store::kRecordTable);
+    db::MakeBlankJob(job.path, db::kRecordTable);
     Exec(job.path, "UPDATE LagPara SET StartDepth = 4000, StrPer100Ft = 95, Selection = 0 "
                    "WHERE ZoneNumber = 2");
     Exec(job.path, "UPDATE LagPara SET MinPer100Ft = 2.2 WHERE ZoneNumber = 3");
@@ -119,7 +119,7 @@ TEST(LagTable, AFileThatHasTheTableKeepsItsRowsAndFewerThanSixLeaveThePanelsOthe
 
 TEST(LagTable, ThePanelGoesBackToTheFileAndTextThatIsNoNumberIsStoredAsZero) {
     Job job;
-    store::MakeBlankJob(job.path, store::kRecordTable);
+    db::MakeBlankJob(job.path, db::kRecordTable);
     auto& p = job.ws.fm_setup;
     const char* const starts[7] = {"", "1", "2500", "abc", "", "7000.5", "8000"};
     for (int i = 1; i <= 6; ++i) {
@@ -175,7 +175,7 @@ TEST(LagTable, FailuresSayWhichRoutineAndLoseNothing) {
 
     // A zone number the panel has no row for ends the read with a message;
     // the rows before it are in.
-    store::MakeBlankJob(job.path, store::kRecordTable);
+    db::MakeBlankJob(job.path, db::kRecordTable);
     Exec(job.path, "UPDATE LagPara SET ZoneNumber = 9, StartDepth = 1 WHERE ZoneNumber = 6");
     Exec(job.path, "UPDATE LagPara SET StartDepth = 777 WHERE ZoneNumber = 5");
     job.ws.fm_Gas_Chart.txt_db_path.setText(job.path);

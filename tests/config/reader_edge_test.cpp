@@ -31,8 +31,8 @@ TEST(ConfigReader, AFileOfOnlyRopOnTurnsRopOnAndLeavesTheRest) {
     EXPECT_EQ(st.ws.fm_setup.txt_gas_units.text(),
               "0 to " + text::Str(fresh.ws.settings.GasScale.ScaleMax));
     EXPECT_EQ(Differences(fresh, st), QStringList({"txt_gas_units", "ck_rop"}));
-    EXPECT_EQ(st.ws.rt.Grefresh_seconds, fresh.ws.rt.Grefresh_seconds);
-    EXPECT_EQ(st.ws.rt.Gdata_separator, "\t");
+    EXPECT_EQ(st.ws.chart.Grefresh_seconds, fresh.ws.chart.Grefresh_seconds);
+    EXPECT_EQ(st.ws.products.Gdata_separator, "\t");
 
     // And the pair is read both ways.
     st.writeConfig("[ROP OFF] \r\n");
@@ -118,7 +118,7 @@ TEST(ConfigReader, TcpLinesWithTheLineEndsOfOtherSystemsAndOutOfOrder) {
     st.writeConfig("[USE ETHERNET]\n[TCP IP] 127.0.0.1\r[TCP PORT] 10023\n[METRIC ON]");
     config::ReadConfigFile(st.ws);
     EXPECT_EQ(st.ws.fm_setup.txt_TCP_ip_port.text(), "127.0.0.1:10023");
-    EXPECT_TRUE(st.ws.rt.Guse_tcp);
+    EXPECT_TRUE(st.ws.link.Guse_tcp);
     EXPECT_TRUE(st.ws.fm_setup.ck_Use_TCP.checked());
     EXPECT_TRUE(st.ws.fm_setup.ck_metric.checked());
 
@@ -127,9 +127,9 @@ TEST(ConfigReader, TcpLinesWithTheLineEndsOfOtherSystemsAndOutOfOrder) {
     Station late;
     late.writeConfig("[TCP PORT] 2301\r\n[TCP IP] 10.0.0.9\r\n");
     config::ReadConfigFile(late.ws);
-    EXPECT_EQ(late.ws.rt.Gtcp_host, "10.0.0.9");
+    EXPECT_EQ(late.ws.link.Gtcp_host, "10.0.0.9");
     EXPECT_EQ(late.ws.fm_setup.txt_TCP_ip_port.text(), ":2301");
-    EXPECT_FALSE(late.ws.rt.Guse_tcp);
+    EXPECT_FALSE(late.ws.link.Guse_tcp);
 }
 
 TEST(ConfigReader, ValuesAreConvertedAndChoicesDriveWhatTheyName) {
@@ -141,10 +141,10 @@ TEST(ConfigReader, ValuesAreConvertedAndChoicesDriveWhatTheyName) {
     EXPECT_EQ(p.op1_oil_ind.value(), 2);
     EXPECT_EQ(p.lbl_formula.caption(), "(C1 + C2) / (C3 + IC4 + NC4)");
     EXPECT_EQ(p.op_wits_item.value(), 2);
-    EXPECT_EQ(st.ws.rt.Gwits_column, 2);
-    EXPECT_EQ(st.ws.rt.Gserial_number, "42");
+    EXPECT_EQ(st.ws.chart.Gwits_column, 2);
+    EXPECT_EQ(st.ws.packet.Gserial_number, "42");
     // The control box's floor of 10 seconds.
-    EXPECT_EQ(st.ws.rt.Grefresh_seconds, 10);
+    EXPECT_EQ(st.ws.chart.Grefresh_seconds, 10);
     EXPECT_EQ(st.ws.fm_Gas_Chart.txt_refresh_timer.text(), "10");
     EXPECT_EQ(p.txt_autotally_minutes.text(), "30");
     EXPECT_EQ(st.ws.settings.stats_countdown, 1800);
@@ -153,7 +153,7 @@ TEST(ConfigReader, ValuesAreConvertedAndChoicesDriveWhatTheyName) {
     // An element the option group does not have changes nothing.
     st.writeConfig("[WITS ITEM] 9\r\n");
     config::ReadConfigFile(st.ws);
-    EXPECT_EQ(st.ws.rt.Gwits_column, 2);
+    EXPECT_EQ(st.ws.chart.Gwits_column, 2);
 }
 
 TEST(ConfigReader, AMissingFileLeavesEveryDefault) {

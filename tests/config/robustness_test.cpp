@@ -2,7 +2,7 @@
 // puts a whole file back that reads back to itself: empty, cut, junk and
 // huge files, and real files mutated at random under a fixed seed. A write
 // that can't be finished leaves the old file.
-#include "acquisition/timers.h"
+#include "config/config_file.h"
 #include "config/config_tags.h"
 #include "config_fixture.h"
 
@@ -153,7 +153,7 @@ TEST(ConfigRobustness, MutatedRealFilesReadWithoutHarmAndRewriteWhole) {
         const QByteArray input = m.mutate(base, bases[m.pick(bases.size())]);
         if (input != base) ++differentFromBase;
         // In memory: a fresh workstation over the one folder is all a round needs.
-        Workstation ws(st.folder.path());
+        testkit::WiredWorkstation ws(st.folder.path());
         config::ReadConfigText(ws, input);
         ASSERT_TRUE(RewritesWhole(ws)) << "round " << round;
     }
@@ -168,7 +168,7 @@ TEST(ConfigRobustness, BadValuesReadAsZero) {
     EXPECT_EQ(st.ws.settings.Zoom, 0);
     EXPECT_EQ(st.ws.settings.ColorC1, 0);
     EXPECT_EQ(st.ws.settings.MenuX, 0);
-    EXPECT_EQ(st.ws.rt.Gwits_column, 0);
+    EXPECT_EQ(st.ws.chart.Gwits_column, 0);
 }
 
 TEST(ConfigRobustness, TenMegabytesAndLinesOfAHundredThousandCharacters) {

@@ -57,7 +57,7 @@ TEST(ConfigRoundTrip, EveryKeptSettingComesBackInAFreshWorkstationWhateverTheLin
     // What reading the file sets beyond the lines it writes back (those are
     // checked by the rewrite below).
     EXPECT_EQ(b.ws.fm_Gas_Chart.txt_refresh_timer.text(), "240");
-    EXPECT_EQ(b.ws.rt.Gdata_separator, ";");
+    EXPECT_EQ(b.ws.products.Gdata_separator, ";");
     const auto& s = b.ws.settings;
     EXPECT_TRUE(s.Flipped);
     // The gas colours reach the panel once the file is read.

@@ -1,7 +1,7 @@
 // The setup panel's handlers: scale entry with its fallbacks and uneven
 // limits, the gain boxes, the line lag box, units words, separators, the
 // WITS column, colour picks, and the start-up guard over all of them.
-#include "acquisition/timers.h"
+#include "acquisition/tick_table.h"
 #include "config/setup_handlers.h"
 #include "config_fixture.h"
 
@@ -12,7 +12,7 @@ using cfgtest::Station;
 namespace {
 
 struct Panel : Station {
-    Panel() { ws.rt.Gstarting_up = false; }
+    Panel() { ws.loop.Gstarting_up = false; }
     forms::FmSetup& p = ws.fm_setup;
     config::Settings& s = ws.settings;
 };
@@ -21,7 +21,7 @@ struct Panel : Station {
 
 TEST(SetupScales, EachBoxHasItsOwnLimitsAndTextWithoutToPutsTheFallbackBack) {
     Panel t;
-    t.ws.rt.Grefresh_seconds = 200;
+    t.ws.chart.Grefresh_seconds = 200;
     struct ScaleBox {
         forms::Control& box;
         void (*commit)(Workstation&);
@@ -55,12 +55,12 @@ TEST(SetupScales, EachBoxHasItsOwnLimitsAndTextWithoutToPutsTheFallbackBack) {
         const bool refused = !QString(r.typed).contains("to");
         r.b.box.setText(r.typed);
         t.dialogs.boxes.clear();
-        t.ws.rt.Grefresh_count = 3;
+        t.ws.chart.Grefresh_count = 3;
         r.b.commit(t.ws);
         EXPECT_EQ(r.b.scale.ScaleMin, r.min) << r.typed;
         EXPECT_EQ(r.b.scale.ScaleMax, r.max) << r.typed;
         EXPECT_EQ(r.b.box.text(), refused ? r.b.fallback : r.typed);
-        EXPECT_EQ(t.ws.rt.Grefresh_count, 200);
+        EXPECT_EQ(t.ws.chart.Grefresh_count, 200);
         if (!refused) {
             EXPECT_TRUE(t.dialogs.boxes.empty());
             if (&r.b == &gas) {
@@ -77,20 +77,20 @@ TEST(SetupScales, EachBoxHasItsOwnLimitsAndTextWithoutToPutsTheFallbackBack) {
 
 TEST(SetupScales, TheGasUnitsHandlerAtTheEndOfStartUpLetsTheChartDraw) {
     Panel t;
-    t.ws.rt.Gchart_busy = true;
+    t.ws.chart.Gchart_busy = true;
     config::txt_gas_units_Change(t.ws);
-    EXPECT_FALSE(t.ws.rt.Gchart_busy);
+    EXPECT_FALSE(t.ws.chart.Gchart_busy);
     EXPECT_EQ(t.s.GasScale.ScaleMax, 300);
     // While a draw runs its flags are left alone.
-    t.ws.rt.Gchart_busy = true;
-    t.ws.rt.Gchart_drawing = true;
+    t.ws.chart.Gchart_busy = true;
+    t.ws.chart.Gchart_drawing = true;
     config::txt_gas_units_Change(t.ws);
-    EXPECT_TRUE(t.ws.rt.Gchart_busy);
+    EXPECT_TRUE(t.ws.chart.Gchart_busy);
 }
 
 TEST(SetupScales, RopInchesPer100FeetOutsideItsRangeBecomesOne) {
     Panel t;
-    t.ws.rt.Grefresh_seconds = 90;
+    t.ws.chart.Grefresh_seconds = 90;
     const struct {
         const char* typed;
         const char* shown;
@@ -105,7 +105,7 @@ TEST(SetupScales, RopInchesPer100FeetOutsideItsRangeBecomesOne) {
         EXPECT_DOUBLE_EQ(t.s.RopInchesPer100Ft, c.inches) << c.typed;
         EXPECT_DOUBLE_EQ(t.s.RopTwipsPerFoot, c.twips) << c.typed;
     }
-    EXPECT_EQ(t.ws.rt.Grefresh_count, 90);
+    EXPECT_EQ(t.ws.chart.Grefresh_count, 90);
 }
 
 TEST(SetupGains, ChromatographGainIsHeldBetween100And200000) {
@@ -140,13 +140,13 @@ TEST(SetupLineLag, TheBoxShowsOneWhileTheVariableKeepsWhatWasTyped) {
     Panel t;
     t.p.txt_surface_lag.setText("0.5");
     config::txt_surface_lag_Change(t.ws);
-    EXPECT_EQ(t.ws.rt.Gline_lag_seconds, 0.5);
+    EXPECT_EQ(t.ws.depth.Gline_lag_seconds, 0.5);
     EXPECT_EQ(t.p.txt_surface_lag.text(), "1");
     config::txt_surface_lag_Change(t.ws); // the next key
-    EXPECT_EQ(t.ws.rt.Gline_lag_seconds, 1);
+    EXPECT_EQ(t.ws.depth.Gline_lag_seconds, 1);
     t.p.txt_surface_lag.setText("95");
     config::txt_surface_lag_Change(t.ws);
-    EXPECT_EQ(t.ws.rt.Gline_lag_seconds, 95);
+    EXPECT_EQ(t.ws.depth.Gline_lag_seconds, 95);
 }
 
 TEST(SetupWords, MetricSwitchesTheViewerWordsAndNoNumber) {
@@ -171,21 +171,21 @@ TEST(SetupChoices, SeparatorAndWitsColumnFollowTheirOptions) {
     const char* const want[] = {"\t", ",", " "};
     for (int i = 0; i < 3; ++i) {
         config::op_delim_Click(t.ws, i);
-        EXPECT_EQ(t.ws.rt.Gdata_separator, want[i]);
+        EXPECT_EQ(t.ws.products.Gdata_separator, want[i]);
         EXPECT_EQ(t.p.op_delim.value(), i);
     }
     t.p.txt_delim.setText("");
     config::op_delim_Click(t.ws, 3);
-    EXPECT_EQ(t.ws.rt.Gdata_separator, "");
+    EXPECT_EQ(t.ws.products.Gdata_separator, "");
     t.p.txt_delim.setText(";");
     config::op_delim_Click(t.ws, 0);
     config::txt_delim_Change(t.ws);
     EXPECT_EQ(t.p.op_delim.value(), 3);
-    EXPECT_EQ(t.ws.rt.Gdata_separator, ";");
+    EXPECT_EQ(t.ws.products.Gdata_separator, ";");
 
     for (int i = 0; i < 5; ++i) {
         config::op_wits_item_Click(t.ws, i);
-        EXPECT_EQ(t.ws.rt.Gwits_column, i);
+        EXPECT_EQ(t.ws.chart.Gwits_column, i);
         EXPECT_EQ(t.p.op_wits_item.value(), i);
     }
 }
@@ -207,7 +207,7 @@ TEST(SetupColours, APickSetsTheCurveTheLabelAndTheBoxCancelLeavesThem) {
 
 TEST(SetupGuard, WhileStartingUpTheChangeHandlersDoNothing) {
     Station st;
-    ASSERT_TRUE(st.ws.rt.Gstarting_up);
+    ASSERT_TRUE(st.ws.loop.Gstarting_up);
     auto& p = st.ws.fm_setup;
     const config::Settings before = st.ws.settings;
     p.txt_gas_units.setText("bad");
@@ -217,7 +217,7 @@ TEST(SetupGuard, WhileStartingUpTheChangeHandlersDoNothing) {
     p.txt_ROP_in_per_100ft.setText("50");
     p.txt_delim.setText("|");
     p.ck_metric.setValue(1);
-    st.ws.rt.Gchart_busy = true;
+    st.ws.chart.Gchart_busy = true;
     config::txt_gas_units_Change(st.ws);
     config::txt_rop_scale_Commit(st.ws);
     config::txt_cg_gain_Commit(st.ws);
@@ -231,10 +231,10 @@ TEST(SetupGuard, WhileStartingUpTheChangeHandlersDoNothing) {
     EXPECT_EQ(p.txt_gas_units.text(), "bad");
     EXPECT_EQ(p.txt_surface_lag.text(), "0.5");
     EXPECT_EQ(p.txt_ROP_in_per_100ft.text(), "50");
-    EXPECT_EQ(st.ws.rt.Gline_lag_seconds, 120);
-    EXPECT_EQ(st.ws.rt.Gdata_separator, "\t");
-    EXPECT_EQ(st.ws.rt.Gwits_column, 4);
-    EXPECT_TRUE(st.ws.rt.Gchart_busy);
+    EXPECT_EQ(st.ws.depth.Gline_lag_seconds, 120);
+    EXPECT_EQ(st.ws.products.Gdata_separator, "\t");
+    EXPECT_EQ(st.ws.chart.Gwits_column, 4);
+    EXPECT_TRUE(st.ws.chart.Gchart_busy);
     EXPECT_EQ(st.ws.settings.RopScale.ScaleMax, before.RopScale.ScaleMax);
     EXPECT_EQ(st.ws.settings.CgVisibleGain, before.CgVisibleGain);
     EXPECT_EQ(st.ws.more_data.frameOf("lbl_DrillDepth").caption(), "Drill Depth In Feet");

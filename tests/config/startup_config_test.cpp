@@ -14,9 +14,9 @@ const char* const kRunScriptLines = "[USE TCP]\r\n"
                                     "[TCP PORT] 10023\r\n";
 
 void ExpectSimulatorSelected(const Workstation& ws) {
-    EXPECT_TRUE(ws.rt.Guse_tcp);
-    EXPECT_EQ(ws.rt.Gtcp_host, "127.0.0.1");
-    EXPECT_EQ(ws.rt.Gtcp_port, "10023");
+    EXPECT_TRUE(ws.link.Guse_tcp);
+    EXPECT_EQ(ws.link.Gtcp_host, "127.0.0.1");
+    EXPECT_EQ(ws.link.Gtcp_port, "10023");
     EXPECT_TRUE(ws.fm_setup.ck_Use_TCP.checked());
     EXPECT_EQ(ws.fm_setup.txt_TCP_ip_port.text(), "127.0.0.1:10023");
 }
@@ -28,7 +28,7 @@ TEST(ConfigAtStartUp, TheRunScriptsLinesSelectTheSimulatorAndSurviveTheExit) {
     st.writeConfig(QByteArray(kRunScriptLines) + "[GU SCALE] 0 to 800\r\n[ROP ON] \r\n");
     ASSERT_TRUE(acq::Form_Load(st.ws));
     ExpectSimulatorSelected(st.ws);
-    EXPECT_FALSE(st.ws.rt.Gstarting_up);
+    EXPECT_FALSE(st.ws.loop.Gstarting_up);
     // The gas units scale of the file, after the start-up's own defaults and
     // the gas units handler at its end.
     EXPECT_EQ(st.ws.settings.GasScale.ScaleMax, 800);

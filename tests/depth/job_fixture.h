@@ -3,13 +3,13 @@
 // filled packet by packet through the record writer as the live program
 // does, or in bulk through the store for the long jobs.
 
-#include "acquisition/workstation.h"
+#include "db/recordset.h"
+#include "db/schema.h"
 #include "depth/lag.h"
 #include "program_folder.h"
 #include "scripted_dialogs.h"
 #include "store/record_writer.h"
-#include "store/recordset.h"
-#include "store/schema.h"
+#include "workstation/workstation.h"
 
 #include <gtest/gtest.h>
 #include <optional>
@@ -50,13 +50,13 @@ class JobTest : public ::testing::Test {
   protected:
     testkit::ProgramFolder folder;
     testkit::ScriptedDialogs dialogs;
-    Workstation ws{folder.path(), &dialogs};
+    testkit::WiredWorkstation ws{folder.path(), &dialogs};
     QString path = folder.file("JOB.db");
     QDateTime clock{QDate(2026, 11, 1), QTime(6, 0, 0)};
     long packet = 1001;
 
     JobTest() {
-        store::MakeBlankJob(path, store::kRecordTable);
+        db::MakeBlankJob(path, db::kRecordTable);
         ws.fm_Gas_Chart.txt_db_path.setText(path);
         // The zone look's random interval, fixed: 100 records (75 by time).
         ws.Rnd = [] { return 0.5; };
@@ -78,7 +78,7 @@ class JobTest : public ::testing::Test {
 
     // One packet through the record writer, six seconds after the last.
     void save(const Packet& p) {
-        auto& f = ws.rt.Gombri_data_array;
+        auto& f = ws.packet.Gombri_data_array;
         for (auto& x : f) x = "0";
         f[acq::SERIALNUM] = "KW1042";
         f[acq::DATE] = clock.date().toString("MM/dd/yyyy");
@@ -88,14 +88,14 @@ class JobTest : public ::testing::Test {
         f[acq::MINFT] = QString::number(p.minFt, 'g', 12);
         f[acq::PACKETNUM] = QString::number(packet++);
         for (int i = 0; i < 5; ++i) f[acq::C1 + i] = QString::number(p.gases[i]);
-        ws.rt.Gwits_values[8] = p.spm;
-        ws.rt.Gline_lag_ok = !p.badGas;
+        ws.wits.Gwits_values[8] = p.spm;
+        ws.depth.Gline_lag_ok = !p.badGas;
         store::SaveKWData(ws);
         clock = clock.addSecs(6);
     }
     void bulk(const std::vector<Row>& rows) {
-        store::Database d = db();
-        store::Recordset rs = d.OpenRecordset(store::RecordQuery(store::kRecordTable));
+        db::Database d = db();
+        db::Recordset rs = d.OpenRecordset(db::RecordQuery(db::kRecordTable));
         d.BeginTrans();
         for (const Row& r : rows) {
             rs.AddNew();
@@ -113,16 +113,16 @@ class JobTest : public ::testing::Test {
         d.CommitTrans();
     }
 
-    store::Database db() const { return store::OpenDatabase(path); }
+    db::Database db() const { return db::OpenDatabase(path); }
     void exec(const QString& sql) const { db().Execute(sql); }
     // A column of every record, in packet order.
-    std::vector<store::Variant> column(const char* name) const {
-        store::Recordset rs = db().OpenRecordset(store::RecordQuery(store::kRecordTable));
-        std::vector<store::Variant> out;
+    std::vector<db::Variant> column(const char* name) const {
+        db::Recordset rs = db().OpenRecordset(db::RecordQuery(db::kRecordTable));
+        std::vector<db::Variant> out;
         for (; rs.RecordCount() > 0 && !rs.Eof(); rs.MoveNext()) out.push_back(rs.Fields(name));
         return out;
     }
-    static std::optional<double> num(const store::Variant& v) {
+    static std::optional<double> num(const db::Variant& v) {
         if (v.isNull()) return std::nullopt;
         return v.toDouble();
     }

@@ -7,24 +7,24 @@ using depthtest::JobTest;
 TEST_F(JobTest, TheLagPageTick) {
     auto& setup = ws.fm_setup;
     auto& d = ws.depth;
-    auto at = [&](const QString& depth) { ws.rt.Gombri_data_array[acq::DEPTH] = depth; };
+    auto at = [&](const QString& depth) { ws.packet.Gombri_data_array[acq::DEPTH] = depth; };
 
     at("10000");
-    ws.rt.Gspm = 100;
-    ws.rt.Gwits_alive = 12;
+    ws.wits.Gspm = 100;
+    ws.wits.Gwits_alive = 12;
     byStrokes();
     EXPECT_EQ(setup.lbl_BU_MIN.caption(), "110.0");
     EXPECT_EQ(setup.lbl_BU_STROKES.caption(), "11,000");
     // WITS down: no pump rate to trust.
-    ws.rt.Gwits_alive = 0;
+    ws.wits.Gwits_alive = 0;
     depth::tmr_lag_calc_Timer(ws);
     EXPECT_EQ(setup.lbl_BU_MIN.caption(), "pump");
     EXPECT_EQ(d.bottomsUpMinutes, 0);
     // A deeper zone takes over from its start.
     setup.txt_Lag_Start_Depth[2].setText("5000");
     setup.txt_str_per_100ft[2].setText("200");
-    ws.rt.Gwits_alive = 12;
-    ws.rt.Gspm = 80;
+    ws.wits.Gwits_alive = 12;
+    ws.wits.Gspm = 80;
     depth::tmr_lag_calc_Timer(ws);
     EXPECT_EQ(setup.lbl_BU_MIN.caption(), "250.0");
     EXPECT_EQ(setup.lbl_BU_STROKES.caption(), "20,000");
@@ -38,7 +38,7 @@ TEST_F(JobTest, TheLagPageTick) {
     setup.txt_Lag_Start_Depth[1].setText("");
     setup.txt_Lag_Start_Depth[2].setText("");
     at("9000");
-    ws.rt.Glag_depth_now = 1234.46;
+    ws.depth.Glag_depth_now = 1234.46;
     byTime();
     EXPECT_NEAR(d.bottomsUpMinutes, 162, 1e-9);
     EXPECT_EQ(setup.lbl_BU_MIN.caption(), "162.0");
@@ -54,7 +54,7 @@ TEST_F(JobTest, TheLagPageTick) {
 
     // The instrument command page shows whether the link is up.
     EXPECT_EQ(setup.cmd_KW_command[9].backColor(), forms::color::Red);
-    ws.rt.Gsock_state = 7;
+    ws.link.Gsock_state = 7;
     depth::tmr_lag_calc_Timer(ws);
     EXPECT_EQ(setup.cmd_KW_command[9].backColor(), forms::color::Green);
 }

@@ -74,9 +74,9 @@ TEST_F(HandJob, StrokesPassByHand) {
     // 1010 ft, are those of work records 262 and up.
     expectSources(113, [](int i) { return i >= 213 ? i - 112 : i - 113; });
     // The newest record's source is what the instrument is told.
-    EXPECT_EQ(ws.rt.Glag_depth_now, 1010);
+    EXPECT_EQ(ws.depth.Glag_depth_now, 1010);
     EXPECT_EQ(ws.more_data.lbl_current_lag_depth.caption(), "1010.0");
-    EXPECT_FALSE(ws.rt.Gdb_error);
+    EXPECT_FALSE(ws.db.Gdb_error);
 }
 
 TEST_F(HandJob, TimePassByHand) {
@@ -88,7 +88,7 @@ TEST_F(HandJob, TimePassByHand) {
     drill([](int i) { return i == 150; });
     ws.fm_setup.txt_lag_min[1].setText("6.25");
     byTime();
-    ws.rt.Gwits_alive = 30;
+    ws.wits.Gwits_alive = 30;
     wholePass();
 
     // The zone is looked at every 75 records (a random draw fixed at one
@@ -117,7 +117,7 @@ TEST_F(HandJob, TimePassByHand) {
             return w - 100;
         }
     });
-    EXPECT_NEAR(ws.rt.Glag_depth_now, 160 + 199 / 20.0, 1e-9);
+    EXPECT_NEAR(ws.depth.Glag_depth_now, 160 + 199 / 20.0, 1e-9);
     // 169.95 shown with one decimal: a tie, away from zero.
     EXPECT_EQ(ws.more_data.lbl_current_lag_depth.caption(), "170.0");
 }

@@ -73,7 +73,7 @@ TEST_F(LiveDuringPass, EveryPacketSentDuringAWholeFilePassIsStored) {
     // Nothing but the pass's own yields ran the event loop since `before`.
     EXPECT_GT(stored().size(), before)
         << "no packet was stored during a pass of " << passMs << " ms";
-    EXPECT_FALSE(ws.rt.Gdb_error) << folder.read("ERR_LOG.TXT").toStdString();
+    EXPECT_FALSE(ws.db.Gdb_error) << folder.read("ERR_LOG.TXT").toStdString();
     // The pass did its work: the newest bulk record is lagged.
     EXPECT_FALSE(column("LAG_GU")[99999].isNull());
 

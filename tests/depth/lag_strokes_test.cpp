@@ -7,31 +7,31 @@ using depthtest::JobTest;
 TEST_F(JobTest, PassesThatLagNothing) {
     byStrokes();
     wholePass();
-    EXPECT_FALSE(ws.rt.Gdb_error) << "an empty job has nothing to lag";
+    EXPECT_FALSE(ws.db.Gdb_error) << "an empty job has nothing to lag";
 
     // No strokes at all: no record is lagged and the lag depth stands.
     for (int i = 0; i < 50; ++i) save(At(500 + i * 0.1).pumps(0));
-    ws.rt.Glag_depth_now = 777;
+    ws.depth.Glag_depth_now = 777;
     wholePass();
     EXPECT_EQ(lagged(), 0);
-    EXPECT_EQ(ws.rt.Glag_depth_now, 777);
+    EXPECT_EQ(ws.depth.Glag_depth_now, 777);
 
     // 10000 ft at 1.1 strokes a foot needs 11000 strokes; the newest record
     // has 5000: target -6000, nothing from the hole is up yet.
-    ws.rt.Gtotal_strokes = 4970;
+    ws.depth.Gtotal_strokes = 4970;
     for (int i = 0; i < 3; ++i) save(At(10000));
     wholePass();
     EXPECT_EQ(column("TOTAL_STROKES").back().toDouble(), 5000);
     EXPECT_EQ(lagged(), 0);
-    EXPECT_EQ(ws.rt.Glag_depth_now, 0);
-    EXPECT_FALSE(ws.rt.Gdb_error);
+    EXPECT_EQ(ws.depth.Glag_depth_now, 0);
+    EXPECT_FALSE(ws.db.Gdb_error);
 
     // A job that is not there is reported.
     ws.fm_Gas_Chart.txt_db_path.setText(folder.file("GONE.db"));
     wholePass();
     EXPECT_EQ(logged("Recalculate Lag Err: "), 1);
-    EXPECT_TRUE(ws.rt.Gdb_error);
-    EXPECT_FALSE(ws.rt.Gdb_busy);
+    EXPECT_TRUE(ws.db.Gdb_error);
+    EXPECT_FALSE(ws.db.Gdb_busy);
 }
 
 TEST_F(JobTest, WithNoLagEveryRecordButTheFirstIsItsOwnSourceAndClearingZeroesAll) {
@@ -51,7 +51,7 @@ TEST_F(JobTest, WithNoLagEveryRecordButTheFirstIsItsOwnSourceAndClearingZeroesAl
     depth::cmd_Clear_Lag_Click(ws);
     for (const char* c : {"LAG_GU", "DATA1"})
         for (const auto& v : column(c)) EXPECT_EQ(num(v), 0.0);
-    EXPECT_FALSE(ws.rt.Gdb_busy);
+    EXPECT_FALSE(ws.db.Gdb_busy);
 }
 
 TEST_F(JobTest, StrokeCounterJumpsAreReportedOncePerPlaceAndOnlyOnceLagging) {
@@ -60,13 +60,13 @@ TEST_F(JobTest, StrokeCounterJumpsAreReportedOncePerPlaceAndOnlyOnceLagging) {
     // of 0, but nothing is lagged yet: no message there. Work record 59
     // (600, after 20010) is the one place.
     for (int i = 0; i < 60; ++i) save(At(100));
-    ws.rt.Gtotal_strokes = 20000;
+    ws.depth.Gtotal_strokes = 20000;
     for (int i = 0; i < 60; ++i) save(At(100));
     strokesPass();
     EXPECT_EQ(logged("Sudden Strokes counter change\r\nRecalculate lag for whole DB to fix"), 1);
     // The pass went on past the jump.
     EXPECT_EQ(at("LAG_GU", 59), 100);
-    EXPECT_FALSE(ws.rt.Gdb_error);
+    EXPECT_FALSE(ws.db.Gdb_error);
 }
 
 TEST_F(JobTest, TheSearchStopsAtACounterJumpFromWhereItStarted) {
@@ -74,10 +74,10 @@ TEST_F(JobTest, TheSearchStopsAtACounterJumpFromWhereItStarted) {
     // strokes; 80-139 count from 0 again. 100 ft at 1.25 strokes a foot:
     // target = count - 125. MIN_FT is the record's number, so DATA1 names
     // each source.
-    ws.rt.Gtotal_strokes = 40000;
+    ws.depth.Gtotal_strokes = 40000;
     int n = 0;
     for (; n < 60; ++n) save(At(100).rate(n));
-    ws.rt.Gtotal_strokes = 0;
+    ws.depth.Gtotal_strokes = 0;
     for (; n < 80; ++n) save(At(100).rate(n).pumps(0));
     for (; n < 140; ++n) save(At(100).rate(n));
     strokesPass("125");
@@ -98,7 +98,7 @@ TEST_F(JobTest, TheSearchStopsAtACounterJumpFromWhereItStarted) {
 TEST_F(JobTest, DepthJumpsOfMoreThanAHundredFeetAreReportedAtTheWorkRecordsDepth) {
     // 0-199 at 1000 ft, 200-399 at 1100 (exactly 100 ft: no jump), 400-599
     // at 1200.5 (100.5 ft above 1100: a jump, seen at work record 399).
-    ws.rt.Gtotal_strokes = 10000;
+    ws.depth.Gtotal_strokes = 10000;
     for (double d : {1000.0, 1100.0, 1200.5})
         for (int i = 0; i < 200; ++i) save(At(d));
     strokesPass();
@@ -112,7 +112,7 @@ TEST_F(JobTest, ANewFootTickEntersWithItsSignAndReportsTwice) {
     // 200 records at 1000 ft from 5000 strokes; record 180 is a tick. Its
     // target lies above its own count (5000 + 1810 + 1100), and the search
     // restarts at the work record before it (181), which it takes.
-    ws.rt.Gtotal_strokes = 5000;
+    ws.depth.Gtotal_strokes = 5000;
     for (int i = 0; i < 200; ++i) save(At(i == 180 ? -1000.0 : 1000.0));
     strokesPass();
     EXPECT_EQ(logged("Sudden depth change at -1000"), 1);
@@ -121,7 +121,7 @@ TEST_F(JobTest, ANewFootTickEntersWithItsSignAndReportsTwice) {
     EXPECT_EQ(num(lag[180]), 1000);
     // Beyond the tick the pass goes on as before: lag 1100 strokes.
     EXPECT_EQ(num(lag[179]), 1000);
-    EXPECT_FALSE(ws.rt.Gdb_error);
+    EXPECT_FALSE(ws.db.Gdb_error);
 }
 
 TEST_F(JobTest, ADepthRangePassStartsAtOrBelowItsTopAndEndsPastItsFoot) {
@@ -155,15 +155,15 @@ TEST_F(JobTest, TheRoutinePassLagsTheNewest400QuietlyAndTheTimerStandsBack) {
     ws.fm_setup.txt_str_per_100ft[1].setText("1");
     byStrokes();
     // Refresh paused, then the file busy: no pass either time.
-    ws.rt.Grefresh_paused = true;
+    ws.chart.Grefresh_paused = true;
     depth::tmr_recalc_lag_Timer(ws);
-    ws.rt.Grefresh_paused = false;
-    ws.rt.Gdb_busy = true;
+    ws.chart.Grefresh_paused = false;
+    ws.db.Gdb_busy = true;
     depth::tmr_recalc_lag_Timer(ws);
     EXPECT_EQ(lagged(), 0);
-    EXPECT_TRUE(ws.rt.Gdb_busy);
+    EXPECT_TRUE(ws.db.Gdb_busy);
 
-    ws.rt.Gdb_busy = false;
+    ws.db.Gdb_busy = false;
     depth::tmr_recalc_lag_Timer(ws);
     EXPECT_EQ(lagged(), 400);
     EXPECT_TRUE(column("LAG_GU")[199].isNull());
@@ -177,7 +177,7 @@ TEST_F(JobTest, ANullDepthEndsThePassThroughItsHandlerKeepingWhatItWrote) {
     exec("UPDATE OMBRI_DB_010 SET DEPTH = NULL WHERE PACKET_NUM = 1080");
     strokesPass("0");
     EXPECT_EQ(logged("Recalculate Lag Err: Invalid use of Null  Errpt: 13"), 1);
-    EXPECT_TRUE(ws.rt.Gdb_error);
+    EXPECT_TRUE(ws.db.Gdb_error);
     EXPECT_FALSE(ws.fm_help.form.visible());
     // Records 80 to 119 were lagged before the failure and stay lagged.
     EXPECT_EQ(lagged(), 40);

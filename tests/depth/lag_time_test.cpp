@@ -12,7 +12,7 @@ TEST_F(JobTest, TheLagInRecordsDropsTheFractionOfAMinuteAndAddsTheLineLagWithWit
     for (int i = 0; i < 1700; ++i) rows.push_back(RowAt(9000).rate(i));
     bulk(rows);
     byTime();
-    ws.rt.Gwits_alive = 30;
+    ws.wits.Gwits_alive = 30;
     wholePass();
     EXPECT_EQ(at("DATA1", 1699), 1699 - 1620);
     EXPECT_EQ(at("DATA1", 1650), 1650 - 1620);
@@ -24,7 +24,7 @@ TEST_F(JobTest, TheLagInRecordsDropsTheFractionOfAMinuteAndAddsTheLineLagWithWit
     EXPECT_EQ(at("LAG_GU", 1699), 9050);
 
     // WITS down: the line lag's 120 s, 20 records, is added.
-    ws.rt.Gwits_alive = 0;
+    ws.wits.Gwits_alive = 0;
     wholePass();
     EXPECT_EQ(at("DATA1", 1699), 1699 - 1640);
     // A record too close to the start for this lag keeps what the run
@@ -80,5 +80,5 @@ TEST_F(JobTest, RateRecalculationTakesEachFootsTimeFromItsHoursMinutesAndSeconds
     // the next change (record 15, 60 s after record 5) makes it 1 min/ft.
     for (int i = 0; i < 20; ++i) EXPECT_EQ(num(minFt[i]), i < 5 ? 100 + i : i <= 15 ? 105 : 1) << i;
     EXPECT_EQ(result, 15);
-    EXPECT_FALSE(ws.rt.Gdb_busy);
+    EXPECT_FALSE(ws.db.Gdb_busy);
 }

@@ -23,10 +23,10 @@ class RopCollect : public JobTest {
 
 TEST_F(RopCollect, TheWholeTableFillsOneSlotPerClosedFoot) {
     drill();
-    ws.rt.Gdb_busy = true;
+    ws.db.Gdb_busy = true;
     depth::Collect_ROP_Data(ws);
     EXPECT_EQ(ws.depth.RopMaxDepth, 0) << "the file is busy: it stands back";
-    ws.rt.Gdb_busy = false;
+    ws.db.Gdb_busy = false;
 
     ws.depth.RopGasPeak[3000] = 99; // stale: the whole table clears first
     ws.fm_setup.op1_oil_ind.setValue(1);
@@ -51,7 +51,7 @@ TEST_F(RopCollect, TheWholeTableFillsOneSlotPerClosedFoot) {
     exec("UPDATE OMBRI_DB_010 SET GAS_UNITS = 'lots' WHERE PACKET_NUM = 1050");
     depth::Collect_ROP_Data(ws);
     EXPECT_EQ(logged("DB ROP Chart Err: Type mismatch  Err pt: 6"), 1);
-    EXPECT_FALSE(ws.rt.Gdb_busy);
+    EXPECT_FALSE(ws.db.Gdb_busy);
     EXPECT_FALSE(ws.fm_help.form.visible());
 }
 
@@ -85,7 +85,7 @@ TEST_F(RopCollect, AStretchIsReadFromItsLowerEndUpToTheOtherAndSaysWhereToGoOn) 
     // Past the newest record there is nothing to read; a negative end reads
     // nothing at all.
     EXPECT_EQ(read(500, 600), 0);
-    EXPECT_FALSE(ws.rt.Gdb_error);
+    EXPECT_FALSE(ws.db.Gdb_error);
     EXPECT_EQ(read(-1, 10), -7);
 }
 

@@ -2,6 +2,7 @@
 // a job is opened.
 #include "job_fixture.h"
 
+#include "acquisition/job_buttons.h"
 #include "store/lifecycle.h"
 
 using depthtest::JobTest;
@@ -10,24 +11,24 @@ using depthtest::Packet;
 TEST_F(JobTest, TheRepairCountsATenthOfAMinutePerRecordFromTheFirstRecordsCount) {
     // Pumps at 95: the writer adds 9 a record (9.5, the half lost). The
     // first record holds 100.
-    ws.rt.Gtotal_strokes = 91;
+    ws.depth.Gtotal_strokes = 91;
     for (int i = 0; i < 10; ++i) save(Packet().pumps(95));
     // A counter gone wrong in the middle, and a record with no rate at all.
     exec("UPDATE OMBRI_DB_010 SET TOTAL_STROKES = 5 WHERE PACKET_NUM > 1005");
     exec("UPDATE OMBRI_DB_010 SET TOTAL_SPM = NULL WHERE PACKET_NUM = 1008");
 
-    ws.rt.Gdb_busy = true;
+    ws.db.Gdb_busy = true;
     depth::cmd_FixTotal_Strokes_Click(ws);
     EXPECT_EQ(logged("DB Busy: Total Strokes"), 1);
     EXPECT_EQ(at("TOTAL_STROKES", 9), 5);
 
-    ws.rt.Gdb_busy = false;
+    ws.db.Gdb_busy = false;
     depth::cmd_FixTotal_Strokes_Click(ws);
     const auto total = column("TOTAL_STROKES");
     // 100 + 9.5 = 109.5: 109. Each record after it adds 9 more; the one
     // without a rate repeats the last rate it met.
     for (int i = 0; i < 10; ++i) EXPECT_EQ(num(total[i]), 100 + 9 * (i + 1)) << i;
-    EXPECT_EQ(ws.rt.Gtotal_strokes, 190);
+    EXPECT_EQ(ws.depth.Gtotal_strokes, 190);
     EXPECT_EQ(logged("Total Strokes Fixed"), 1);
     EXPECT_FALSE(ws.fm_help.form.visible());
 
@@ -36,34 +37,34 @@ TEST_F(JobTest, TheRepairCountsATenthOfAMinutePerRecordFromTheFirstRecordsCount)
     exec("UPDATE OMBRI_DB_010 SET TOTAL_STROKES = 777 WHERE PACKET_NUM = 1001");
     depth::Fix_total_strokes(ws);
     for (const auto& v : column("TOTAL_STROKES")) EXPECT_EQ(num(v), 777);
-    EXPECT_EQ(ws.rt.Gtotal_strokes, 777);
+    EXPECT_EQ(ws.depth.Gtotal_strokes, 777);
 }
 
 TEST_F(JobTest, TheLastCountIsReadFiveRecordsFromTheEnd) {
-    ws.rt.Gtotal_strokes = 5;
+    ws.depth.Gtotal_strokes = 5;
     depth::ReadLastTotalStrokes(ws);
-    EXPECT_EQ(ws.rt.Gtotal_strokes, 5) << "an empty job";
-    ws.rt.Gtotal_strokes = 0;
+    EXPECT_EQ(ws.depth.Gtotal_strokes, 5) << "an empty job";
+    ws.depth.Gtotal_strokes = 0;
     // A job shorter than five gives its first count.
     for (int i = 0; i < 3; ++i) save(Packet());
     depth::ReadLastTotalStrokes(ws);
-    EXPECT_EQ(ws.rt.Gtotal_strokes, 10);
+    EXPECT_EQ(ws.depth.Gtotal_strokes, 10);
 
     // Counts 10, 20 ... 80: the fifth from the end is 40.
-    ws.rt.Gtotal_strokes = 30;
+    ws.depth.Gtotal_strokes = 30;
     for (int i = 0; i < 5; ++i) save(Packet());
     depth::ReadLastTotalStrokes(ws);
-    EXPECT_EQ(ws.rt.Gtotal_strokes, 40);
+    EXPECT_EQ(ws.depth.Gtotal_strokes, 40);
     EXPECT_EQ(logged("Last Total Strokes: 40"), 1);
     // Opening the job carries it into the running total too.
-    ws.rt.Gtotal_strokes = 0;
+    ws.depth.Gtotal_strokes = 0;
     dialogs.files.push_back(path);
-    store::cmd_open_db_Click(ws);
-    EXPECT_EQ(ws.rt.Gtotal_strokes, 40);
+    acq::cmd_open_db_Click(ws);
+    EXPECT_EQ(ws.depth.Gtotal_strokes, 40);
 
     // A Null there leaves the total alone.
     exec("UPDATE OMBRI_DB_010 SET TOTAL_STROKES = NULL WHERE PACKET_NUM = 1004");
-    ws.rt.Gtotal_strokes = 3;
+    ws.depth.Gtotal_strokes = 3;
     depth::ReadLastTotalStrokes(ws);
-    EXPECT_EQ(ws.rt.Gtotal_strokes, 3);
+    EXPECT_EQ(ws.depth.Gtotal_strokes, 3);
 }

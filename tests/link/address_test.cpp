@@ -43,35 +43,35 @@ TEST(Address, TypedAddressesTheBarredBandAndAShortHost) {
         setup.txt_TCP_ip_port.setText(c.typed);
         setup.ck_Use_TCP.setChecked(true);
         acq::ck_Use_TCP_Click(st.ws);
-        EXPECT_EQ(st.ws.rt.Glink_countdown, 2) << c.typed;
-        EXPECT_EQ(st.ws.rt.Gtcp_host, c.host) << c.typed;
-        EXPECT_EQ(st.ws.rt.Gtcp_port, c.port) << c.typed;
+        EXPECT_EQ(st.ws.link.Glink_countdown, 2) << c.typed;
+        EXPECT_EQ(st.ws.link.Gtcp_host, c.host) << c.typed;
+        EXPECT_EQ(st.ws.link.Gtcp_port, c.port) << c.typed;
         if (*c.box) {
             ASSERT_EQ(st.dialogs.boxes.size(), 1u) << c.typed;
             EXPECT_EQ(st.dialogs.boxes[0].title, "TCP SET ERROR");
             EXPECT_EQ(st.dialogs.boxes[0].text, c.box);
             EXPECT_FALSE(setup.ck_Use_TCP.checked());
-            EXPECT_FALSE(st.ws.rt.Guse_tcp);
+            EXPECT_FALSE(st.ws.link.Guse_tcp);
             EXPECT_EQ(setup.txt_TCP_ip_port.text(), "192.168.1.1:23");
         } else {
             EXPECT_TRUE(st.dialogs.boxes.empty()) << c.typed;
-            EXPECT_TRUE(st.ws.rt.Guse_tcp);
+            EXPECT_TRUE(st.ws.link.Guse_tcp);
             EXPECT_EQ(setup.txt_TCP_ip_port.text(), c.typed);
         }
     }
     // Unticked: Ethernet is left. A host that short is not tried at all.
     Station st;
-    st.ws.rt.Guse_tcp = true;
+    st.ws.link.Guse_tcp = true;
     st.ws.fm_setup.ck_Use_TCP.setChecked(false);
     acq::ck_Use_TCP_Click(st.ws);
-    EXPECT_FALSE(st.ws.rt.Guse_tcp);
-    st.ws.rt.Guse_tcp = true;
-    st.ws.rt.Gtcp_host = "1.2.";
-    st.ws.rt.Gtcp_port = "23";
-    st.ws.rt.Glink_countdown = 17;
+    EXPECT_FALSE(st.ws.link.Guse_tcp);
+    st.ws.link.Guse_tcp = true;
+    st.ws.link.Gtcp_host = "1.2.";
+    st.ws.link.Gtcp_port = "23";
+    st.ws.link.Glink_countdown = 17;
     acq::winsock_connect(st.ws);
-    EXPECT_EQ(st.ws.rt.Glink_countdown, 17); // a try, failed or not, sets 61
-    EXPECT_EQ(st.ws.rt.Gsock_state, 0);
+    EXPECT_EQ(st.ws.link.Glink_countdown, 17); // a try, failed or not, sets 61
+    EXPECT_EQ(st.ws.link.Gsock_state, 0);
 }
 
 TEST(Address, LookUpFileFindsTheUnit) {
@@ -107,57 +107,57 @@ TEST(Address, LookUpFileFindsTheUnit) {
     // Found, Ethernet not chosen: only the address box changes.
     EXPECT_EQ(look("0042"), "");
     EXPECT_EQ(setup.txt_TCP_ip_port.text(), "10.1.1.42:4002");
-    EXPECT_FALSE(st.ws.rt.Guse_tcp);
+    EXPECT_FALSE(st.ws.link.Guse_tcp);
 
     // Found with Ethernet chosen: the address is taken at once.
     setup.ck_Use_TCP.setChecked(true);
     EXPECT_EQ(look("1041"), "");
-    EXPECT_TRUE(st.ws.rt.Guse_tcp);
-    EXPECT_EQ(st.ws.rt.Gtcp_host, "10.1.1.41");
-    EXPECT_EQ(st.ws.rt.Gtcp_port, "4001");
-    EXPECT_EQ(st.ws.rt.Glink_countdown, 2);
+    EXPECT_TRUE(st.ws.link.Guse_tcp);
+    EXPECT_EQ(st.ws.link.Gtcp_host, "10.1.1.41");
+    EXPECT_EQ(st.ws.link.Gtcp_port, "4001");
+    EXPECT_EQ(st.ws.link.Glink_countdown, 2);
 
     // ... and a barred port found there is refused like a typed one.
     EXPECT_EQ(look("0043", acq::cmd_KW_lut_Click, "TCP SET ERROR"),
               "You have entered an invalid connection port.  TCP connection not established");
-    EXPECT_FALSE(st.ws.rt.Guse_tcp);
+    EXPECT_FALSE(st.ws.link.Guse_tcp);
 }
 
 TEST(Address, TheLinkSwitches) {
     Station st;
     auto& button = st.ws.fm_Gas_Chart.cmd_comm1;
-    st.ws.rt.Gdetector_found = true;
+    st.ws.link.Gdetector_found = true;
     acq::cmd_comm1_Click(st.ws);
     EXPECT_EQ(button.backColor(), forms::color::Grey);
-    EXPECT_FALSE(st.ws.rt.Gdetector_found);
+    EXPECT_FALSE(st.ws.link.Gdetector_found);
 
     // Forced off, a scan returns at once and touches nothing.
-    st.ws.rt.Gcomm_port = 5;
+    st.ws.link.Gcomm_port = 5;
     acq::SerialFindKettlewick(st.ws);
-    EXPECT_EQ(st.ws.rt.Gcomm_port, 5);
+    EXPECT_EQ(st.ws.link.Gcomm_port, 5);
     EXPECT_EQ(button.caption(), "Kettlewick Forced Off");
 
     // Back on over serial with no instrument anywhere: both passes run out
     // on port 20.
     acq::cmd_comm1_Click(st.ws);
-    EXPECT_EQ(st.ws.rt.Glink_mode, 1);
-    EXPECT_EQ(st.ws.rt.Glink_countdown, 61);
-    EXPECT_EQ(st.ws.rt.Gcomm_port, 20);
+    EXPECT_EQ(st.ws.link.Glink_mode, 1);
+    EXPECT_EQ(st.ws.link.Glink_countdown, 61);
+    EXPECT_EQ(st.ws.link.Gcomm_port, 20);
     EXPECT_EQ(button.caption(), "Kettlewick Disconnected");
     EXPECT_EQ(button.backColor(), forms::color::Red);
 
     // Choosing serial again leaves Ethernet and scans.
-    st.ws.rt.Guse_tcp = true;
-    st.ws.rt.Glink_mode = 0;
-    st.ws.rt.Gcomm_port = 3;
+    st.ws.link.Guse_tcp = true;
+    st.ws.link.Glink_mode = 0;
+    st.ws.link.Gcomm_port = 3;
     acq::op_conn_using_serial_Click(st.ws);
-    EXPECT_FALSE(st.ws.rt.Guse_tcp);
-    EXPECT_EQ(st.ws.rt.Glink_mode, 1);
-    EXPECT_EQ(st.ws.rt.Gcomm_port, 20);
+    EXPECT_FALSE(st.ws.link.Guse_tcp);
+    EXPECT_EQ(st.ws.link.Glink_mode, 1);
+    EXPECT_EQ(st.ws.link.Gcomm_port, 20);
 
     // Over Ethernet the scan is not the one to run.
-    st.ws.rt.Guse_tcp = true;
-    st.ws.rt.Gcomm_port = 3;
+    st.ws.link.Guse_tcp = true;
+    st.ws.link.Gcomm_port = 3;
     acq::SerialFindKettlewick(st.ws);
-    EXPECT_EQ(st.ws.rt.Gcomm_port, 3);
+    EXPECT_EQ(st.ws.link.Gcomm_port, 3);
 }

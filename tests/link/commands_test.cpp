@@ -2,7 +2,6 @@
 // wake-up, the log, the read back, and the login block.
 #include "acquisition/commands.h"
 #include "acquisition/link.h"
-#include "acquisition/timers.h"
 #include "link_kit.h"
 
 #include <QTcpServer>
@@ -64,7 +63,7 @@ TEST(Commands, RowsKeepTheirLimitsWakeTheInstrumentAndAreLogged) {
     EXPECT_FALSE(st.folder.exists("COMMAND_LOG.TXT"));
 
     far.attach(st.ws);
-    ASSERT_EQ(st.ws.rt.Gsock_state, 7);
+    ASSERT_EQ(st.ws.link.Gsock_state, 7);
     data[0].setText("4600");
     data[5].setText("26");
     data[6].setText("1550");
@@ -119,7 +118,7 @@ TEST(Commands, ReadBackFillsTheBoxesFromTheInstrument) {
     ASSERT_TRUE(st.startTcpSimulator(
         {"--interval", "6", "--start-depth", "5123.4", "--first-packet", "1"}));
     acq::winsock_connect(st.ws);
-    ASSERT_EQ(st.ws.rt.Gsock_state, 7);
+    ASSERT_EQ(st.ws.link.Gsock_state, 7);
 
     auto& data = st.ws.fm_setup.txt_data;
     data[3].setText("80");
@@ -150,7 +149,7 @@ TEST(Commands, LoginBlockHasItsFormAndMasksNameAndPassword) {
         EXPECT_EQ(plain, QByteArray("driller\0\0\0s3cret\0\0\0\0", 20));
         // the block kept in the workstation is what went out
         for (int e = 0; e < 255; ++e)
-            ASSERT_EQ(st.ws.rt.Gkey_block[size_t(e)], m.mid(9 + 3 * e, 3).toInt());
+            ASSERT_EQ(st.ws.link.Gkey_block[size_t(e)], m.mid(9 + 3 * e, 3).toInt());
         EXPECT_NE(m, previous);
         previous = m;
     }

@@ -2,8 +2,8 @@
 
 #include "raw_db.h"
 
-#include "acquisition/timers.h"
-#include "store/schema.h"
+#include "acquisition/main_loop.h"
+#include "db/schema.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -34,15 +34,15 @@ void PortPair::stop() {
 Station::Station() {
     QDir().mkpath(folder.file("DB_CUE"));
     job = folder.file("DB_CUE/LINK.DB");
-    store::MakeBlankJob(job, store::kRecordTable);
+    db::MakeBlankJob(job, db::kRecordTable);
     ws.fm_Gas_Chart.txt_db_path.setText(job);
-    ws.rt.Gstarting_up = false;
-    ws.rt.Grefresh_paused = true; // no chart refresh in the middle of a link test
+    ws.loop.Gstarting_up = false;
+    ws.chart.Grefresh_paused = true; // no chart refresh in the middle of a link test
     ws.ports.setScanDevices(false);
     // Connected after the workstation's own handler, so it runs after each
     // intake tick and sees every packet the parser took (one per tick).
     QObject::connect(ws.timer("tmrDataArrival"), &QTimer::timeout, [this] {
-        const QString p = ws.rt.Gombri_data_array[acq::PACKETNUM];
+        const QString p = ws.packet.Gombri_data_array[acq::PACKETNUM];
         if (p != lastPacket_) {
             lastPacket_ = p;
             parsed.push_back(p.trimmed().toLong());
@@ -63,9 +63,9 @@ void Station::startIntake() {
 }
 
 void Station::useTcp(quint16 port) {
-    ws.rt.Guse_tcp = true;
-    ws.rt.Gtcp_host = QStringLiteral("127.0.0.1");
-    ws.rt.Gtcp_port = QString::number(port);
+    ws.link.Guse_tcp = true;
+    ws.link.Gtcp_host = QStringLiteral("127.0.0.1");
+    ws.link.Gtcp_port = QString::number(port);
 }
 
 bool Station::startTcpSimulator(const QStringList& args) {
@@ -89,7 +89,7 @@ bool Station::startSerialSimulator(PortPair& pair, int n, const QStringList& arg
 bool Station::stopSimulatorAndDrain() {
     sim->stop();
     Pump(300); // socat's hop on a serial link
-    return PumpUntil(3000, [&] { return drained() && ws.rt.Gsock_state != 7; });
+    return PumpUntil(3000, [&] { return drained() && ws.link.Gsock_state != 7; });
 }
 
 bool SerialEnds::open(Workstation& ws, int n) {
@@ -103,7 +103,7 @@ bool SerialEnds::open(Workstation& ws, int n) {
 
 bool Station::superviseUntilAttempt() {
     for (int i = 0; i < 70; ++i) {
-        const bool last = ws.rt.Glink_countdown <= 1;
+        const bool last = ws.link.Glink_countdown <= 1;
         acq::tmr_refresh_Timer(ws);
         Pump(5);
         if (last) return true;
@@ -119,8 +119,8 @@ std::set<long> Station::stored() const {
 bool Station::drained() {
     const bool sockEmpty = ws.Winsock_ombri.BytesReceived() == 0;
     const bool serialEmpty = !ws.MSComm1.PortOpen() || ws.MSComm1.InBufferCount() == 0;
-    return sockEmpty && serialEmpty && ws.rt.Garrival_buffer.isEmpty() &&
-           !ws.rt.Gline_buffer.contains(QChar(13));
+    return sockEmpty && serialEmpty && ws.packet.Garrival_buffer.isEmpty() &&
+           !ws.packet.Gline_buffer.contains(QChar(13));
 }
 
 } // namespace linktest

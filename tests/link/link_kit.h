@@ -3,11 +3,11 @@
 // socat port pair, and a workstation over a temporary program folder with a
 // job file, whose intake tick is watched for the packets it takes.
 
-#include "acquisition/runtime.h"
-#include "acquisition/workstation.h"
 #include "program_folder.h"
 #include "scripted_dialogs.h"
 #include "simulator.h"
+#include "workstation/packet_state.h"
+#include "workstation/workstation.h"
 
 #include <QProcess>
 #include <QSerialPort>
@@ -53,7 +53,7 @@ struct Station {
     ~Station();
     testkit::ProgramFolder folder;
     testkit::ScriptedDialogs dialogs;
-    Workstation ws{folder.path(), &dialogs};
+    testkit::WiredWorkstation ws{folder.path(), &dialogs};
     QString job;
     // Every packet number the parser took, in order.
     std::vector<long> parsed;

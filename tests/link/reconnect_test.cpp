@@ -1,7 +1,7 @@
 // The instrument hangs up mid-packet twenty times in a row. Each time the
 // workstation sees the link go, counts down, connects again, and no packet
 // that went out whole is missing from what it took and stored.
-#include "acquisition/timers.h"
+#include "acquisition/main_loop.h"
 #include "link_kit.h"
 
 #include <gtest/gtest.h>
@@ -17,22 +17,24 @@ TEST(Reconnect, TwentyDropsLoseNothingThatWasSentWhole) {
                            "--first-packet", "1", "--seed", "3"}));
     st.useTcp(port);
     st.startIntake();
-    st.ws.rt.Glink_countdown = 1;
+    st.ws.link.Glink_countdown = 1;
 
     for (int drop = 1; drop <= kDrops; ++drop) {
         ASSERT_TRUE(st.superviseUntilAttempt());
         ASSERT_EQ(sim.count("CONNECT"), drop) << "no reconnect before drop " << drop;
-        ASSERT_TRUE(PumpUntil(
-            15000,
-            [&] { return sim.count("DROP") >= drop && st.ws.rt.Gsock_state != 7 && st.drained(); }))
+        ASSERT_TRUE(PumpUntil(15000,
+                              [&] {
+                                  return sim.count("DROP") >= drop && st.ws.link.Gsock_state != 7 &&
+                                         st.drained();
+                              }))
             << "drop " << drop << " not seen";
         // what the operator sees between a drop and the next connection
         acq::tmr_refresh_Timer(st.ws);
-        EXPECT_EQ(st.ws.rt.Guptime_percent, 0);
+        EXPECT_EQ(st.ws.link.Guptime_percent, 0);
         EXPECT_EQ(st.ws.fm_Gas_Chart.cmd_comm1.backColor(), forms::color::Red);
         EXPECT_TRUE(
-            st.ws.fm_Gas_Chart.cmd_comm1.caption().endsWith("  " + st.ws.rt.Gsock_state_text));
-        EXPECT_GT(st.ws.rt.Glink_countdown, 0);
+            st.ws.fm_Gas_Chart.cmd_comm1.caption().endsWith("  " + st.ws.link.Gsock_state_text));
+        EXPECT_GT(st.ws.link.Glink_countdown, 0);
     }
     sim.stop();
 

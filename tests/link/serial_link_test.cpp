@@ -1,7 +1,7 @@
 // The instrument on a serial port: a socat pair placed at a port number, or
 // the simulator's own pseudo-terminal that vanishes and comes back.
 #include "acquisition/link.h"
-#include "acquisition/timers.h"
+#include "acquisition/main_loop.h"
 #include "link_kit.h"
 
 #include <gtest/gtest.h>
@@ -11,12 +11,12 @@ using namespace linktest;
 namespace {
 
 void ExpectFound(Station& st, int port) {
-    EXPECT_TRUE(st.ws.rt.Gdetector_found);
-    EXPECT_EQ(st.ws.rt.Gcomm_port, port);
+    EXPECT_TRUE(st.ws.link.Gdetector_found);
+    EXPECT_EQ(st.ws.link.Gcomm_port, port);
     EXPECT_TRUE(st.ws.MSComm1.PortOpen());
     EXPECT_EQ(st.ws.fm_Gas_Chart.cmd_comm1.caption(), "Kettlewick Connected");
     EXPECT_EQ(st.ws.fm_Gas_Chart.cmd_comm1.backColor(), forms::color::Green);
-    EXPECT_EQ(st.ws.rt.Glink_countdown, 61);
+    EXPECT_EQ(st.ws.link.Glink_countdown, 61);
 }
 
 } // namespace
@@ -85,10 +85,10 @@ TEST(SerialLink, AVanishedPortIsRescannedAndFoundAgain) {
     EXPECT_EQ(st.ws.fm_Gas_Chart.cmd_comm1.backColor(), forms::color::Red);
 
     // A scan while it is gone finds nothing and says so.
-    st.ws.rt.Glink_countdown = 1;
+    st.ws.link.Glink_countdown = 1;
     ASSERT_TRUE(st.superviseUntilAttempt());
-    EXPECT_FALSE(st.ws.rt.Gdetector_found);
-    EXPECT_EQ(st.ws.rt.Gcomm_port, 20);
+    EXPECT_FALSE(st.ws.link.Gdetector_found);
+    EXPECT_EQ(st.ws.link.Gcomm_port, 20);
     EXPECT_EQ(st.ws.fm_Gas_Chart.cmd_comm1.caption(), "Kettlewick Disconnected");
 
     // Plugged back: the instrument finds its device again, and so does the
@@ -97,7 +97,7 @@ TEST(SerialLink, AVanishedPortIsRescannedAndFoundAgain) {
     ASSERT_TRUE(pair->start());
     ASSERT_TRUE(PumpUntil(5000, [&] { return sim.count("CONNECT") >= 2; }));
     const size_t before = sim.sent().size();
-    st.ws.rt.Glink_countdown = 1;
+    st.ws.link.Glink_countdown = 1;
     ASSERT_TRUE(st.superviseUntilAttempt());
     ExpectFound(st, 9);
     Pump(2000);
@@ -117,7 +117,7 @@ TEST(SerialLink, ThePseudoTerminalThatComesAndGoesIsFoundEachTime) {
         {"--pty", port, "--interval", "0.3", "--drop-every", "5", "--first-packet", "1"}));
     st.ws.ports.place(3, port);
     st.startIntake();
-    st.ws.rt.Glink_countdown = 1;
+    st.ws.link.Glink_countdown = 1;
     for (int round = 1; round <= 3; ++round) {
         ASSERT_TRUE(PumpUntil(5000, [&] { return QFileInfo::exists(port); }));
         ASSERT_TRUE(st.superviseUntilAttempt());

@@ -1,7 +1,7 @@
 // The instrument over TCP on 127.0.0.1, end to end: the real simulator, the
 // workstation's connect, intake, parser and record writer.
 #include "acquisition/link.h"
-#include "acquisition/timers.h"
+#include "acquisition/main_loop.h"
 #include "link_kit.h"
 
 #include <gtest/gtest.h>
@@ -25,8 +25,8 @@ TEST(TcpLink, PacketsArriveAreAnsweredAndStored) {
     Simulator& sim = *st.sim;
 
     acq::winsock_connect(st.ws);
-    EXPECT_TRUE(st.ws.rt.Gdetector_found);
-    EXPECT_EQ(st.ws.rt.Gsock_state, 7);
+    EXPECT_TRUE(st.ws.link.Gdetector_found);
+    EXPECT_EQ(st.ws.link.Gsock_state, 7);
     EXPECT_TRUE(st.ws.fm_Gas_Chart.cmd_comm1.caption().startsWith("Connected TCP "));
     Pump(2500);
     // the instrument is asked for its state once the link is up
@@ -58,30 +58,30 @@ TEST(TcpLink, RefusedAndSilentHostsCountDownAndTheNextConnectionStores) {
     st.startIntake();
 
     acq::winsock_connect(st.ws);
-    EXPECT_NE(st.ws.rt.Gsock_state, 7);
-    EXPECT_FALSE(st.ws.rt.Gdetector_found);
-    EXPECT_EQ(st.ws.rt.Glink_countdown, 61);
+    EXPECT_NE(st.ws.link.Gsock_state, 7);
+    EXPECT_FALSE(st.ws.link.Gdetector_found);
+    EXPECT_EQ(st.ws.link.Glink_countdown, 61);
     acq::tmr_refresh_Timer(st.ws);
-    EXPECT_EQ(st.ws.fm_Gas_Chart.cmd_comm1.caption(), "60  " + st.ws.rt.Gsock_state_text);
+    EXPECT_EQ(st.ws.fm_Gas_Chart.cmd_comm1.caption(), "60  " + st.ws.link.Gsock_state_text);
     EXPECT_EQ(st.ws.fm_Gas_Chart.cmd_comm1.backColor(), forms::color::Red);
 
     // An address on a network nobody answers for: the try gives up on its
     // own after its budget, and the program goes on.
-    st.ws.rt.Gtcp_host = QStringLiteral("192.0.2.1");
-    st.ws.rt.Glink_countdown = 1;
+    st.ws.link.Gtcp_host = QStringLiteral("192.0.2.1");
+    st.ws.link.Glink_countdown = 1;
     ASSERT_TRUE(st.superviseUntilAttempt());
-    EXPECT_NE(st.ws.rt.Gsock_state, 7);
-    EXPECT_EQ(st.ws.rt.Glink_countdown, 61);
+    EXPECT_NE(st.ws.link.Gsock_state, 7);
+    EXPECT_EQ(st.ws.link.Glink_countdown, 61);
 
     // The instrument comes up: the countdown brings the next try, which
     // holds, and its packets are stored.
     st.sim = std::make_unique<Simulator>(st.folder.file("sim.log"));
     ASSERT_TRUE(st.sim->start(
         {"--tcp", QString::number(port), "--interval", "0.3", "--first-packet", "1"}));
-    st.ws.rt.Gtcp_host = QStringLiteral("127.0.0.1");
-    st.ws.rt.Glink_countdown = 3;
+    st.ws.link.Gtcp_host = QStringLiteral("127.0.0.1");
+    st.ws.link.Glink_countdown = 3;
     ASSERT_TRUE(st.superviseUntilAttempt());
-    EXPECT_TRUE(st.ws.rt.Gdetector_found);
+    EXPECT_TRUE(st.ws.link.Gdetector_found);
     Pump(1000);
     ASSERT_TRUE(st.stopSimulatorAndDrain());
     ASSERT_FALSE(st.sim->sent().empty());

@@ -2,8 +2,8 @@
 // opens the job, the intake tick takes the packet lines (one of them split
 // over two reads), the parser hands each to the writer, and the SQLite shell
 // reads the rows back.
+#include "acquisition/main_loop.h"
 #include "acquisition/startup.h"
-#include "acquisition/timers.h"
 #include "station.h"
 #include "text/numbers.h"
 #include "tools/common/drilling_model.h"
@@ -24,15 +24,15 @@ TEST(EndToEnd, PacketBytesInAtTheIntakeComeOutAsRowsOfTheJob) {
         const QString line = drill::Model::PacketLine(sent.back());
         if (i == 7) {
             // Half a line now, the rest on the next read.
-            s.ws.rt.Garrival_buffer += line.left(line.size() / 2);
+            s.ws.packet.Garrival_buffer += line.left(line.size() / 2);
             acq::tmrDataArrival_Timer(s.ws);
-            s.ws.rt.Garrival_buffer += line.mid(line.size() / 2);
+            s.ws.packet.Garrival_buffer += line.mid(line.size() / 2);
         } else {
-            s.ws.rt.Garrival_buffer += line;
+            s.ws.packet.Garrival_buffer += line;
         }
         acq::tmrDataArrival_Timer(s.ws);
     }
-    EXPECT_FALSE(s.ws.rt.Gdb_error) << s.ws.fm_Gas_Chart.txt_message.text().toStdString();
+    EXPECT_FALSE(s.ws.db.Gdb_error) << s.ws.fm_Gas_Chart.txt_message.text().toStdString();
 
     QProcess shell;
     shell.start("sqlite3", {"-separator", "|", job,

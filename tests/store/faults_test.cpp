@@ -11,6 +11,7 @@ using storetest::InsertPackets;
 using storetest::RawDb;
 using storetest::Station;
 using namespace store;
+using namespace db;
 
 namespace {
 
@@ -87,7 +88,7 @@ TEST(Faults, AFileThatIsNoDataBaseIsReportedAndLeftAlone) {
     s.save(1);
     EXPECT_TRUE(s.lastMessage().startsWith("DB Write Err: The file is not a data base"));
     EXPECT_TRUE(s.lastMessage().endsWith(" 3343  Err point: 0"));
-    EXPECT_TRUE(s.ws.rt.Gdb_error);
+    EXPECT_TRUE(s.ws.db.Gdb_error);
     EXPECT_EQ(s.folder.read("DB_CUE/JOB.DB").toLatin1(), before);
     EXPECT_TRUE(s.folder.read("ERR_LOG.TXT").contains("Open DB Err: The file is not a data base"));
 }
@@ -107,7 +108,7 @@ TEST(Faults, AReadOnlyJobIsShownAndEveryWriteSaysWhyItFailed) {
     EXPECT_TRUE(s.lastMessage().startsWith("DB Write Err: The data base is read-only"))
         << s.lastMessage().toStdString();
     EXPECT_TRUE(s.lastMessage().contains(" 3027  Err point: "));
-    EXPECT_TRUE(s.ws.rt.Gdb_error);
+    EXPECT_TRUE(s.ws.db.Gdb_error);
     EXPECT_EQ(s.rows(), 3);
 }
 
@@ -145,12 +146,12 @@ TEST(Faults, AFullDiskCostsTheRowBeingWrittenAndNothingElse) {
     s.ws.db.writerDb.Execute(QString("PRAGMA max_page_count = %1").arg(pages));
     for (int tries = 0; tries < 3; ++tries) {
         s.packet(++n);
-        s.ws.rt.Gombri_data_array[acq::ERRTXT] = QString(3000, '9');
+        s.ws.packet.Gombri_data_array[acq::ERRTXT] = QString(3000, '9');
         SaveKWData(s.ws);
-        if (s.ws.rt.Gdb_error) break;
+        if (s.ws.db.Gdb_error) break;
         s.ws.db.writerDb.Execute(QString("PRAGMA max_page_count = %1").arg(pages));
     }
-    ASSERT_TRUE(s.ws.rt.Gdb_error);
+    ASSERT_TRUE(s.ws.db.Gdb_error);
     EXPECT_TRUE(s.lastMessage().startsWith("DB Write Err: The disk is full"))
         << s.lastMessage().toStdString();
     EXPECT_TRUE(s.lastMessage().endsWith(" 3026  Err point: 52"));
@@ -161,8 +162,8 @@ TEST(Faults, AFullDiskCostsTheRowBeingWrittenAndNothingElse) {
     EXPECT_EQ(s.column(n, "count(*)"), "0");
     // Room again (the writer's connection was dropped with the failure): the
     // next row goes in.
-    s.ws.rt.Gdb_error = false;
+    s.ws.db.Gdb_error = false;
     s.save(++n);
-    EXPECT_FALSE(s.ws.rt.Gdb_error);
+    EXPECT_FALSE(s.ws.db.Gdb_error);
     EXPECT_EQ(s.column(n, "count(*)"), "1");
 }

@@ -3,6 +3,8 @@
 // the three job buttons.
 #include "station.h"
 
+#include "acquisition/job_buttons.h"
+
 #include <QCryptographicHash>
 #include <gtest/gtest.h>
 
@@ -11,6 +13,7 @@ using storetest::Packets;
 using storetest::RawDb;
 using storetest::Station;
 using namespace store;
+using namespace db;
 
 namespace {
 
@@ -212,7 +215,7 @@ TEST(Lifecycle, CompactKeepsEveryRowAndTheWriterFollowsTheNewFile) {
     s.save(5000);
     const qint64 size = QFileInfo(s.job).size();
     Compact_db(s.ws);
-    EXPECT_FALSE(s.ws.rt.Gdb_busy);
+    EXPECT_FALSE(s.ws.db.Gdb_busy);
     EXPECT_FALSE(s.ws.fm_help.form.visible());
     EXPECT_EQ(s.ws.fm_help.form.caption(), "Compacting Data Base \r\nDon't Touch Any Buttons.");
     EXPECT_LT(QFileInfo(s.job).size(), size);
@@ -225,9 +228,9 @@ TEST(Lifecycle, CompactKeepsEveryRowAndTheWriterFollowsTheNewFile) {
 
     // While another job holds the shared set, the compact does nothing.
     const QByteArray before = Digest(s.job);
-    s.ws.rt.Gdb_busy = true;
+    s.ws.db.Gdb_busy = true;
     Compact_db(s.ws);
-    EXPECT_TRUE(s.ws.rt.Gdb_busy);
+    EXPECT_TRUE(s.ws.db.Gdb_busy);
     EXPECT_FALSE(s.ws.fm_help.form.visible());
     EXPECT_EQ(Digest(s.job), before);
 }
@@ -235,60 +238,60 @@ TEST(Lifecycle, CompactKeepsEveryRowAndTheWriterFollowsTheNewFile) {
 TEST(Lifecycle, ThePositionMarksStandOnTheRecordBeforeTheNewest) {
     Station s;
     PrimeLastRecord(s.ws);
-    EXPECT_EQ(s.ws.db.LastRecord, 0);
+    EXPECT_EQ(s.ws.chart.LastRecord, 0);
     InsertPackets(s.job, {4});
     PrimeLastRecord(s.ws);
-    EXPECT_EQ(s.ws.db.HourPointer, -1);
+    EXPECT_EQ(s.ws.chart.HourPointer, -1);
     InsertPackets(s.job, {1, 2, 3, 5});
     PrimeLastRecord(s.ws);
-    EXPECT_EQ(s.ws.db.LastRecord, 3);
-    EXPECT_EQ(s.ws.db.ChartTopRecord, 3);
-    EXPECT_EQ(s.ws.db.HourPointer, 3);
+    EXPECT_EQ(s.ws.chart.LastRecord, 3);
+    EXPECT_EQ(s.ws.chart.ChartTopRecord, 3);
+    EXPECT_EQ(s.ws.chart.HourPointer, 3);
     EXPECT_EQ(s.ws.db.Grecords.Fields("PACKET_NUM").toLong(), 4);
     PrimeFirstRecord(s.ws);
-    EXPECT_EQ(s.ws.db.ChartTopRecord, 0);
-    EXPECT_EQ(s.ws.db.HourPointer, 0);
-    EXPECT_EQ(s.ws.db.LastRecord, 3);
+    EXPECT_EQ(s.ws.chart.ChartTopRecord, 0);
+    EXPECT_EQ(s.ws.chart.HourPointer, 0);
+    EXPECT_EQ(s.ws.chart.LastRecord, 3);
 }
 
 TEST(Lifecycle, NewOpenAndSaveAsGoThroughTheirDialogs) {
     Station s;
     s.open();
-    s.ws.rt.Gtotal_strokes = 500;
-    s.ws.rt.Glag_depth_now = 1234;
+    s.ws.depth.Gtotal_strokes = 500;
+    s.ws.depth.Glag_depth_now = 1234;
 
     // Cancelled: nothing moves, and the refresh runs again.
-    cmd_new_db_Click(s.ws);
+    acq::cmd_new_db_Click(s.ws);
     ASSERT_EQ(s.dialogs.boxes.size(), 1u);
     EXPECT_EQ(s.dialogs.boxes[0].title, "CREATE NEW DATA BASE FILE");
     EXPECT_EQ(s.ws.fm_Gas_Chart.txt_db_path.text(), s.job);
-    EXPECT_EQ(s.ws.rt.Gtotal_strokes, 500);
-    EXPECT_FALSE(s.ws.rt.Grefresh_paused);
+    EXPECT_EQ(s.ws.depth.Gtotal_strokes, 500);
+    EXPECT_FALSE(s.ws.chart.Grefresh_paused);
 
     const QString well = s.folder.file("DB_CUE/WELL7");
     s.dialogs.files.push_back(well);
-    cmd_new_db_Click(s.ws);
+    acq::cmd_new_db_Click(s.ws);
     EXPECT_EQ(s.ws.fm_Gas_Chart.txt_db_path.text(), well + ".DB");
     EXPECT_TRUE(s.folder.exists("DB_CUE/WELL7.DB"));
     EXPECT_EQ(s.ws.db.Gdb.Name(), well + ".DB");
-    EXPECT_EQ(s.ws.rt.Gtotal_strokes, 1);
-    EXPECT_EQ(s.ws.rt.Glag_depth_now, 0);
+    EXPECT_EQ(s.ws.depth.Gtotal_strokes, 1);
+    EXPECT_EQ(s.ws.depth.Glag_depth_now, 0);
     EXPECT_EQ(s.ws.more_data.lbl_current_lag_depth.caption(), "0.0");
 
     // Open the first job again, with rows of its own.
     InsertPackets(s.job, {1, 2, 3, 4});
     s.dialogs.files.push_back(s.job);
-    cmd_open_db_Click(s.ws);
+    acq::cmd_open_db_Click(s.ws);
     EXPECT_EQ(s.dialogs.boxes.back().title, "OPEN DATA BASE FILE");
     EXPECT_EQ(s.ws.fm_Gas_Chart.txt_db_path.text(), s.job);
     EXPECT_EQ(s.ws.db.Grecords.RecordCount(), 4);
-    EXPECT_EQ(s.ws.db.LastRecord, 2);
+    EXPECT_EQ(s.ws.chart.LastRecord, 2);
 
     // Save as: the copy is the job from now on, the rows written next go
     // there and the first file keeps what it had.
     const QString copy = s.folder.file("DB_CUE/COPY.db");
     s.dialogs.files.push_back(copy);
-    cmd_save_database_Click(s.ws);
+    acq::cmd_save_database_Click(s.ws);
     EXPECT_EQ(s.dialogs.boxes.back().title, "SAVE DATA BASE FILE");
     EXPECT_EQ(s.ws.fm_Gas_Chart.txt_db_path.text(), copy);
     s.save(10);
@@ -296,10 +299,10 @@ TEST(Lifecycle, NewOpenAndSaveAsGoThroughTheirDialogs) {
     EXPECT_EQ(s.rows(), 4);
 
     // None of the three starts while a job holds the shared set.
-    s.ws.rt.Gdb_busy = true;
+    s.ws.db.Gdb_busy = true;
     const size_t asked = s.dialogs.boxes.size();
-    cmd_new_db_Click(s.ws);
-    cmd_open_db_Click(s.ws);
-    cmd_save_database_Click(s.ws);
+    acq::cmd_new_db_Click(s.ws);
+    acq::cmd_open_db_Click(s.ws);
+    acq::cmd_save_database_Click(s.ws);
     EXPECT_EQ(s.dialogs.boxes.size(), asked);
 }

@@ -10,16 +10,16 @@ using storetest::Station;
 
 TEST(RecordWriter, APacketBecomesOneRowColumnByColumn) {
     Station s;
-    auto& rt = s.ws.rt;
-    rt.Gwits_alive = 30;
-    for (int slot = 0; slot < acq::kWitsSlots; ++slot) rt.Gwits_values[slot] = 1000 + slot;
-    rt.Gwits_values[8] = 40;
-    rt.Gwits_values[9] = 30.5;
-    rt.Gwits_values[10] = 25;
+    auto& ws = s.ws;
+    ws.wits.Gwits_alive = 30;
+    for (int slot = 0; slot < wits::kWitsSlots; ++slot) ws.wits.Gwits_values[slot] = 1000 + slot;
+    ws.wits.Gwits_values[8] = 40;
+    ws.wits.Gwits_values[9] = 30.5;
+    ws.wits.Gwits_values[10] = 25;
     s.ws.db.RecordCount = 7;
     s.packet(12);
-    rt.Gombri_data_array[acq::ERRTXT] = "3 ";
-    SaveKWData(s.ws);
+    ws.packet.Gombri_data_array[acq::ERRTXT] = "3 ";
+    EXPECT_TRUE(SaveKWData(s.ws));
 
     ASSERT_EQ(s.rows(), 1);
     RawDb raw(s.job);
@@ -49,16 +49,14 @@ TEST(RecordWriter, APacketBecomesOneRowColumnByColumn) {
 
     EXPECT_EQ(s.ws.db.NextRecordId, 2);
     EXPECT_EQ(s.ws.db.RecordCount, 8);
-    EXPECT_DOUBLE_EQ(rt.Gspm, 95.5);
-    EXPECT_FALSE(rt.Gdb_error);
-    // The alarm text was handed on.
-    EXPECT_EQ(rt.Glast_alarm_text, "3 ");
+    EXPECT_DOUBLE_EQ(ws.wits.Gspm, 95.5);
+    EXPECT_FALSE(ws.db.Gdb_error);
     EXPECT_TRUE(s.messages().isEmpty());
 
     // Gas taken while the line lag runs is marked.
-    rt.Gline_lag_ok = false;
+    ws.depth.Gline_lag_ok = false;
     s.packet(13);
-    rt.Gombri_data_array[acq::ERRTXT] = "12";
+    ws.packet.Gombri_data_array[acq::ERRTXT] = "12";
     SaveKWData(s.ws);
     EXPECT_EQ(s.column(13, "ERR_TXT"), "12 *");
 }
@@ -68,7 +66,7 @@ TEST(RecordWriter, TheDiagnosticPairsAlternateAndOnlyWrittenRowsFlipThem) {
     s.save(1);
     // Same time again: refused before any column is set.
     s.packet(2);
-    s.ws.rt.Gombri_data_array[acq::OMBRITIME] = "06:00:06";
+    s.ws.packet.Gombri_data_array[acq::OMBRITIME] = "06:00:06";
     SaveKWData(s.ws);
     SaveKWData(s.ws);
     EXPECT_EQ(s.rows(), 1);
@@ -88,7 +86,7 @@ TEST(RecordWriter, TheDiagnosticPairsAlternateAndOnlyWrittenRowsFlipThem) {
 TEST(RecordWriter, TheChecksBeforeTheRowRefuseThePacketWithTheirMessages) {
     Station s;
     const auto& last = s.ws.db.LastRecordTime;
-    auto& f = s.ws.rt.Gombri_data_array;
+    auto& f = s.ws.packet.Gombri_data_array;
 
     s.packet(1);
     f[acq::DATE] = "13/45/2026";
@@ -135,68 +133,68 @@ TEST(RecordWriter, TheChecksBeforeTheRowRefuseThePacketWithTheirMessages) {
 
 TEST(RecordWriter, PumpRatesAndTheStrokeTotalFollowTheirRules) {
     Station s;
-    auto& rt = s.ws.rt;
+    auto& ws = s.ws;
     int n = 0;
     auto row = [&] {
         s.save(++n);
         return s.column(n, "TOTAL_SPM||' '||TOTAL_STROKES");
     };
     // 95 strokes a minute: 9.5 a row, the half lost each time.
-    rt.Gwits_values[8] = 95;
+    ws.wits.Gwits_values[8] = 95;
     EXPECT_EQ(row(), "95.0 9.0");
     EXPECT_EQ(row(), "95.0 18.0");
     // 900 and -1 are out of range: the last rate stays.
-    rt.Gwits_values[8] = 900;
+    ws.wits.Gwits_values[8] = 900;
     EXPECT_EQ(row(), "95.0 27.0");
-    rt.Gwits_values[8] = 0;
-    rt.Gwits_values[10] = -1;
+    ws.wits.Gwits_values[8] = 0;
+    ws.wits.Gwits_values[10] = -1;
     EXPECT_EQ(row(), "95.0 36.0");
-    rt.Gwits_values[10] = 0;
-    rt.Gwits_values[9] = 899.9;
+    ws.wits.Gwits_values[10] = 0;
+    ws.wits.Gwits_values[9] = 899.9;
     EXPECT_EQ(row(), "899.0 125.0");
     // No pumps: the total stands still, manual pumps or not.
-    rt.Gwits_values[9] = 0;
-    rt.Gpumps_manual = true;
+    ws.wits.Gwits_values[9] = 0;
+    ws.wits.Gpumps_manual = true;
     EXPECT_EQ(row(), "0.0 125.0");
     EXPECT_EQ(row(), "0.0 125.0");
-    EXPECT_EQ(rt.Gtotal_strokes, 125);
+    EXPECT_EQ(ws.depth.Gtotal_strokes, 125);
 }
 
 TEST(RecordWriter, ARepeatedPacketNumberIsRolledBackAndRaisesTheErrorFlag) {
     Station s;
-    auto& rt = s.ws.rt;
+    auto& ws = s.ws;
     s.save(1);
-    rt.Gwits_values[8] = 100;
+    ws.wits.Gwits_values[8] = 100;
     s.packet(2);
-    rt.Gombri_data_array[acq::PACKETNUM] = "1";
-    rt.Gombri_data_array[acq::ERRTXT] = "5 ";
-    SaveKWData(s.ws);
+    ws.packet.Gombri_data_array[acq::PACKETNUM] = "1";
+    ws.packet.Gombri_data_array[acq::ERRTXT] = "5 ";
+    // A refused row says so, and its alarm word is not passed on.
+    EXPECT_FALSE(SaveKWData(s.ws));
     EXPECT_EQ(s.lastMessage(), "DB Write Err: Duplacate packet numbers found in the data base.");
-    EXPECT_TRUE(rt.Gdb_error);
+    EXPECT_TRUE(ws.db.Gdb_error);
     EXPECT_EQ(s.rows(), 1);
-    // What the steps moved stays moved; the row count and the alarm text do not.
+    // What the steps moved stays moved; the row count does not.
     EXPECT_EQ(s.ws.db.NextRecordId, 3);
     EXPECT_TRUE(s.ws.db.WritePrimaryDiag);
-    EXPECT_EQ(rt.Gtotal_strokes, 10);
+    EXPECT_EQ(ws.depth.Gtotal_strokes, 10);
     EXPECT_EQ(s.ws.db.RecordCount, 1);
-    EXPECT_EQ(rt.Glast_alarm_text, "0 ");
 
     // The next packet goes in as usual.
-    rt.Gdb_error = false;
+    ws.db.Gdb_error = false;
     s.save(3);
     EXPECT_EQ(s.rows(), 2);
     EXPECT_EQ(s.column(3, "ID"), "4");
-    EXPECT_FALSE(rt.Gdb_error);
+    EXPECT_FALSE(ws.db.Gdb_error);
 }
 
 TEST(RecordWriter, AFailedColumnNamesItsStepAndLeavesNoHalfRow) {
     Station s;
     s.packet(1);
-    s.ws.rt.Gombri_data_array[acq::PACKETNUM] = " ";
+    s.ws.packet.Gombri_data_array[acq::PACKETNUM] = " ";
     SaveKWData(s.ws);
     // PACKET_NUM is the 26th column set, after BeginTrans and AddNew.
     EXPECT_EQ(s.lastMessage(), "DB Write Err: Data type conversion error 3421  Err point: 28");
-    EXPECT_TRUE(s.ws.rt.Gdb_error);
+    EXPECT_TRUE(s.ws.db.Gdb_error);
     EXPECT_EQ(s.rows(), 0);
     // The flip at CHROM_VAC had happened before the failure.
     EXPECT_FALSE(s.ws.db.WritePrimaryDiag);
@@ -216,7 +214,7 @@ TEST(RecordWriter, RowsFollowThePathAndTheFileUnderIt) {
     // the next row goes into it, not into the old one.
     const QString fresh = s.folder.file("DB_CUE/FRESH.DB");
     storetest::MakeJob(fresh);
-    ASSERT_TRUE(store::PutJobFileInPlace(fresh, s.job));
+    ASSERT_TRUE(db::PutJobFileInPlace(fresh, s.job));
     s.save(2);
     EXPECT_EQ(s.rows(), 1);
     EXPECT_EQ(s.column(2, "PACKET_NUM"), "2");
@@ -234,14 +232,14 @@ TEST(RecordWriter, ALongJobHoldingTheWriteLockDoesNotCostALiveRow) {
     s.save(1);
     // A long job of this program edits inside a transaction and lets the
     // loop run: the live row must neither wait nor fail.
-    store::Database job = store::OpenDatabase(s.job);
-    store::Recordset rs = job.OpenRecordset(store::RecordQuery(store::kRecordTable));
+    db::Database job = db::OpenDatabase(s.job);
+    db::Recordset rs = job.OpenRecordset(db::RecordQuery(db::kRecordTable));
     job.BeginTrans();
     rs.Edit();
     rs.SetField("LAG_GU", 4321.0);
     rs.Update();
     s.save(2);
-    EXPECT_FALSE(s.ws.rt.Gdb_error);
+    EXPECT_FALSE(s.ws.db.Gdb_error);
     EXPECT_EQ(job.TransactionLevel(), 1);
     job.CommitTrans();
     EXPECT_EQ(s.rows(), 2);
@@ -253,9 +251,9 @@ TEST(RecordWriter, ALongJobHoldingTheWriteLockDoesNotCostALiveRow) {
     rs.SetField("LAG_GU", 1.0);
     rs.Update();
     s.packet(3);
-    s.ws.rt.Gombri_data_array[acq::PACKETNUM] = "2";
+    s.ws.packet.Gombri_data_array[acq::PACKETNUM] = "2";
     SaveKWData(s.ws);
-    EXPECT_TRUE(s.ws.rt.Gdb_error);
+    EXPECT_TRUE(s.ws.db.Gdb_error);
     job.CommitTrans();
     EXPECT_EQ(s.rows(), 2);
     EXPECT_EQ(s.column(1, "LAG_GU"), "1.0");

@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-using namespace store;
+using namespace db;
 using storetest::InsertPackets;
 using storetest::Packets;
 using storetest::RawDb;

@@ -2,12 +2,12 @@
 // A workstation over a temporary program folder with a blank job named in
 // txt_db_path, and packets to feed its record writer.
 
-#include "acquisition/workstation.h"
 #include "program_folder.h"
 #include "scripted_dialogs.h"
 #include "store/lifecycle.h"
 #include "store/record_writer.h"
 #include "store_fixture.h"
+#include "workstation/workstation.h"
 
 #include <QDir>
 #include <gtest/gtest.h>
@@ -17,7 +17,7 @@ namespace storetest {
 struct Station {
     testkit::ProgramFolder folder;
     testkit::ScriptedDialogs dialogs;
-    Workstation ws{folder.path(), &dialogs};
+    testkit::WiredWorkstation ws{folder.path(), &dialogs};
     QString job = folder.file("DB_CUE/JOB.DB");
 
     explicit Station(bool makeJob = true) {
@@ -39,7 +39,7 @@ struct Station {
     // A packet with packet number n at 06:00:00 plus six seconds a packet.
     // Numeric field i holds "i.5", so a column shows which field it took.
     void packet(int n) {
-        auto& f = ws.rt.Gombri_data_array;
+        auto& f = ws.packet.Gombri_data_array;
         for (int i = 0; i < 40; ++i) f[i] = QString::number(i) + ".5";
         const QDateTime t = QDateTime(QDate(2026, 11, 1), QTime(6, 0, 0)).addSecs(6LL * n);
         f[acq::SERIALNUM] = "KW1042";
@@ -61,7 +61,7 @@ struct Station {
         bool verify = true;
         store::OpenSharedDb(ws, path, verify);
         EXPECT_FALSE(verify);
-        EXPECT_FALSE(ws.rt.Gdb_busy);
+        EXPECT_FALSE(ws.db.Gdb_busy);
     }
 
     long long rows() { return RawDb(job).rows(); }

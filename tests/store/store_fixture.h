@@ -3,11 +3,11 @@
 // a look at a file through a connection of its own, as another program
 // would have.
 
+#include "db/database.h"
+#include "db/recordset.h"
+#include "db/schema.h"
 #include "program_folder.h"
 #include "raw_db.h"
-#include "store/database.h"
-#include "store/recordset.h"
-#include "store/schema.h"
 
 #include <QString>
 #include <algorithm>
@@ -20,7 +20,7 @@ namespace storetest {
 
 // A blank job with both tables at `path`.
 inline void MakeJob(const QString& path) {
-    store::MakeBlankJob(path, store::kRecordTable);
+    db::MakeBlankJob(path, db::kRecordTable);
 }
 
 using testkit::RawDb;

@@ -4,8 +4,8 @@
 
 #include "acquisition/live_fields.h"
 #include "acquisition/parser.h"
-#include "acquisition/workstation.h"
 #include "tools/common/drilling_model.h"
+#include "workstation/workstation.h"
 
 namespace uitest {
 
@@ -13,8 +13,8 @@ inline void feedPackets(Workstation& ws, int count) {
     drill::Model model;
     for (int i = 0; i < count; ++i) {
         const QString line = drill::Model::PacketLine(model.next());
-        acq::disply_text(ws, line);
-        ws.rt.Gline_buffer += line;
+        station::disply_text(ws, line);
+        ws.packet.Gline_buffer += line;
         acq::Parse_Ombri_String(ws);
         acq::fill_vis_fields(ws);
     }

@@ -3,12 +3,12 @@
 // over it, started as the program starts it.
 
 #include "acquisition/startup.h"
-#include "acquisition/workstation.h"
 #include "program_folder.h"
 #include "scripted_dialogs.h"
 #include "ui/desktop.h"
 #include "ui/main_view.h"
 #include "ui/panel_window.h"
+#include "workstation/workstation.h"
 
 #include <QWidget>
 
@@ -17,7 +17,7 @@ namespace uitest {
 struct Station {
     testkit::ProgramFolder folder;
     testkit::ScriptedDialogs dialogs;
-    Workstation ws{folder.path(), &dialogs};
+    testkit::WiredWorkstation ws{folder.path(), &dialogs};
     // Declared last: the views go before the workstation.
     ui::Desktop desktop;
     bool loaded = false;

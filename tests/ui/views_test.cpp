@@ -77,21 +77,21 @@ TEST(Views, ControlBoxPressesAndEntriesReachTheLogic) {
     auto* link = st.widgetOf<QPushButton>("fm_Gas_Chart", "cmd_comm1");
     ASSERT_NE(link, nullptr);
     link->click();
-    EXPECT_EQ(st.ws.rt.Glink_mode, 0);
+    EXPECT_EQ(st.ws.link.Glink_mode, 0);
     EXPECT_EQ(link->text(), "Kettlewick Forced Off");
     EXPECT_EQ(fm.cmd_comm1.caption(), "Kettlewick Forced Off");
 
     auto* refresh = st.widgetOf<QPushButton>("fm_Gas_Chart", "cmd_refresh");
     ASSERT_NE(refresh, nullptr);
     refresh->click();
-    EXPECT_TRUE(st.ws.rt.Grefresh_paused);
+    EXPECT_TRUE(st.ws.chart.Grefresh_paused);
     EXPECT_EQ(refresh->text(), "Refresh Off");
     EXPECT_EQ(refresh->palette().color(QPalette::Button), ui::toQColor(forms::color::Red));
 
     auto* pumps = st.widgetOf<QPushButton>("fm_Gas_Chart", "cmd_pumps");
     fm.cmd_pumps.setBackColor(forms::color::Red);
     pumps->click();
-    EXPECT_TRUE(st.ws.rt.Gpumps_manual);
+    EXPECT_TRUE(st.ws.wits.Gpumps_manual);
     EXPECT_EQ(pumps->text(), "PUMPS ON");
 
     // "5" and Enter: the box says 10 and the refresh takes 10 seconds.
@@ -101,12 +101,12 @@ TEST(Views, ControlBoxPressesAndEntriesReachTheLogic) {
     uitest::type(period, "5");
     uitest::enter(period);
     EXPECT_EQ(period->text(), "10");
-    EXPECT_EQ(st.ws.rt.Grefresh_seconds, 10);
+    EXPECT_EQ(st.ws.chart.Grefresh_seconds, 10);
     // "45" and leaving the box.
     period->selectAll();
     uitest::type(period, "45");
     uitest::leave(period);
-    EXPECT_EQ(st.ws.rt.Grefresh_seconds, 45);
+    EXPECT_EQ(st.ws.chart.Grefresh_seconds, 45);
 
     // The buttons that show panels show their windows.
     st.widgetOf<QPushButton>("fm_Gas_Chart", "cmd_setup")->click();
@@ -134,14 +134,14 @@ TEST(Views, SetupEntriesReachTheSetupHandlers) {
     ASSERT_NE(lag, nullptr);
     lag->selectAll();
     uitest::type(lag, "95");
-    EXPECT_EQ(st.ws.rt.Gline_lag_seconds, 95);
+    EXPECT_EQ(st.ws.depth.Gline_lag_seconds, 95);
 
     // An option group's choice goes to its handler: the comma separator.
     auto* delim = st.widgetOf<QAbstractButton>("fm_setup", "op_delim_1");
     ASSERT_NE(delim, nullptr);
     delim->click();
     EXPECT_EQ(s.op_delim.value(), 1);
-    EXPECT_EQ(st.ws.rt.Gdata_separator, ",");
+    EXPECT_EQ(st.ws.products.Gdata_separator, ",");
 }
 
 TEST(Views, PanelsHideInsteadOfClosingAndFollowTheirForm) {
@@ -206,7 +206,7 @@ struct Instrument {
         if (!waitFor([&] { return ws.Winsock_ombri.State() == 7; })) return false;
         if (!waitFor([&] { return server.hasPendingConnections(); })) return false;
         far = server.nextPendingConnection();
-        ws.rt.Gsock_state = 7;
+        ws.link.Gsock_state = 7;
         return true;
     }
     // Waits until what has arrived satisfies done.
@@ -290,13 +290,13 @@ TEST(Views, APressOnTheScreenHidesOrShowsTheControlBoxAndKeepsTheSettings) {
 TEST(Views, TheTitleTakesItsShortFormWhileMinimized) {
     Station st;
     ASSERT_TRUE(st.loaded);
-    st.ws.rt.UnitSerial = "1234";
+    st.ws.packet.UnitSerial = "1234";
     st.desktop.showMain();
     const QString full = acq::MainTitle(st.ws);
     EXPECT_EQ(st.main()->windowTitle(), full);
     st.main()->setWindowState(Qt::WindowMinimized);
     EXPECT_TRUE(st.ws.fm_Gas_Chart.minimized);
-    EXPECT_EQ(st.main()->windowTitle(), "1234 Ver " + acq::Revision());
+    EXPECT_EQ(st.main()->windowTitle(), "1234 Ver " + station::Revision());
     st.main()->setWindowState(Qt::WindowNoState);
     EXPECT_FALSE(st.ws.fm_Gas_Chart.minimized);
     EXPECT_EQ(st.main()->windowTitle(), full);

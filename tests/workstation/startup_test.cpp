@@ -1,11 +1,11 @@
 // The start-up and exit of a whole workstation in a temporary program folder,
 // and its timers.
-#include "acquisition/events.h"
+#include "acquisition/main_loop.h"
 #include "acquisition/startup.h"
-#include "acquisition/timers.h"
-#include "acquisition/workstation.h"
 #include "program_folder.h"
 #include "scripted_dialogs.h"
+#include "workstation/events.h"
+#include "workstation/workstation.h"
 
 #include <QElapsedTimer>
 #include <gtest/gtest.h>
@@ -18,7 +18,7 @@ namespace {
 struct Bench {
     ProgramFolder folder;
     ScriptedDialogs dialogs;
-    Workstation ws{folder.path(), &dialogs};
+    testkit::WiredWorkstation ws{folder.path(), &dialogs};
 };
 
 } // namespace
@@ -28,12 +28,12 @@ TEST(Startup, LeavesTheWorkstationReadyAndNoToTheExitKeepsItRunning) {
     Workstation& ws = b.ws;
     ASSERT_TRUE(acq::Form_Load(ws));
     // The link is due in five seconds.
-    EXPECT_EQ(ws.rt.Glink_countdown, 5);
-    EXPECT_EQ(ws.rt.Glink_mode, 1);
+    EXPECT_EQ(ws.link.Glink_countdown, 5);
+    EXPECT_EQ(ws.link.Glink_mode, 1);
     EXPECT_EQ(ws.fm_Gas_Chart.cmd_comm1.backColor(), forms::color::Red);
     EXPECT_EQ(ws.fm_Gas_Chart.cmd_WITS_info.caption(), "WITS Disconnected");
-    EXPECT_EQ(ws.rt.Gtable_name, "OMBRI_DB_010");
-    EXPECT_EQ(ws.rt.autogen_dir, b.folder.path());
+    EXPECT_EQ(ws.db.Gtable_name, "OMBRI_DB_010");
+    EXPECT_EQ(ws.products.autogen_dir, b.folder.path());
     EXPECT_TRUE(
         ws.fm_Gas_Chart.form.caption().startsWith(" Ombri Instruments Gas Chart  Version: "));
     // Every panel but the main screen starts hidden.
@@ -41,7 +41,7 @@ TEST(Startup, LeavesTheWorkstationReadyAndNoToTheExitKeepsItRunning) {
         EXPECT_TRUE(p == &ws.fm_Gas_Chart || !p->form.visible()) << p->name().toStdString();
     // Every timer is built with its period; those that run from the start
     // run, and the refresh supervision from the end of the start-up on.
-    for (const acq::TimerDef& def : acq::TimerTable()) {
+    for (const station::TimerDef& def : ws.timerDefs()) {
         const QTimer* t = ws.timer(def.name);
         ASSERT_NE(t, nullptr) << def.name;
         EXPECT_EQ(t->interval(), def.periodMs) << def.name;
@@ -52,12 +52,12 @@ TEST(Startup, LeavesTheWorkstationReadyAndNoToTheExitKeepsItRunning) {
 
     // No to the exit question keeps it running, the refresh countdown
     // started over; the question itself and a Yes are the screen suite's.
-    ws.rt.Grefresh_count = 3;
+    ws.chart.Grefresh_count = 3;
     b.dialogs.answers.push_back(platform::Answer::No);
     EXPECT_FALSE(acq::Form_Unload(ws));
     EXPECT_FALSE(ws.closing);
     EXPECT_TRUE(ws.timer("tmrDataArrival")->isActive());
-    EXPECT_EQ(ws.rt.Grefresh_count, ws.rt.Grefresh_seconds);
+    EXPECT_EQ(ws.chart.Grefresh_count, ws.chart.Grefresh_seconds);
 }
 
 TEST(Startup, ASecondCopyInTheSameFolderIsRefusedWithTheBox) {
@@ -85,21 +85,21 @@ TEST(Timers, DelaySecondsRunsTheLoopUntilTheTicksRunOut) {
     QObject::connect(ws.timer("tmrDataArrival"), &QTimer::timeout, [&] { ++intakeTicks; });
     QElapsedTimer clock;
     clock.start();
-    acq::DelaySeconds(ws, 0.5);
-    EXPECT_EQ(ws.rt.Gdelay_ticks, 0);
+    station::DelaySeconds(ws, 0.5);
+    EXPECT_EQ(ws.loop.Gdelay_ticks, 0);
     EXPECT_GE(clock.elapsed(), 400);
     EXPECT_GE(intakeTicks, 1);
     ws.StopTimers();
 
     // Without running timers (a tool or a hand-ticked test) the wait still ends.
-    acq::DelaySeconds(ws, 0.3);
-    EXPECT_EQ(ws.rt.Gdelay_ticks, 0);
+    station::DelaySeconds(ws, 0.3);
+    EXPECT_EQ(ws.loop.Gdelay_ticks, 0);
 
     // tmr_delay also shows the database lock.
-    ws.rt.Gdb_busy = true;
+    ws.db.Gdb_busy = true;
     acq::tmr_delay_Timer(ws);
     EXPECT_EQ(ws.fm_Gas_Chart.lbl_lock_Level.caption(), "DB Busy");
-    ws.rt.Gdb_busy = false;
+    ws.db.Gdb_busy = false;
     acq::tmr_delay_Timer(ws);
     EXPECT_EQ(ws.fm_Gas_Chart.lbl_lock_Level.caption(), "DB Ready");
 }

@@ -11,11 +11,12 @@
 //
 // The same arguments give the same rows every time.
 
-#include "acquisition/timers.h"
-#include "acquisition/workstation.h"
+#include "acquisition/main_loop.h"
+#include "acquisition/tick_table.h"
+#include "db/schema.h"
 #include "store/lifecycle.h"
-#include "store/schema.h"
 #include "tools/common/drilling_model.h"
+#include "workstation/workstation.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -56,7 +57,7 @@ bool Parse(const QStringList& a, Args& args) {
 
 // One line through the intake tick: the parser takes one line a tick.
 void Feed(Workstation& ws, const QString& line) {
-    ws.rt.Garrival_buffer += line;
+    ws.packet.Garrival_buffer += line;
     acq::tmrDataArrival_Timer(ws);
 }
 
@@ -64,20 +65,21 @@ void Feed(Workstation& ws, const QString& line) {
 bool Write(const Args& args, const QString& path) {
     QTemporaryDir scratch; // the workstation's logs stay out of the way
     Workstation ws(scratch.path());
-    store::RemoveJobFile(path);
-    store::MakeBlankJob(path, ws.rt.Gtable_name);
+    acq::Wire(ws);
+    db::RemoveJobFile(path);
+    db::MakeBlankJob(path, ws.db.Gtable_name);
     ws.fm_Gas_Chart.txt_db_path.setText(path);
     // IDs from 1; the stream of WITS is up from the first sample, so every
     // row is written at its WITS line with strokes counting.
     ws.db.NextRecordId = 0;
-    ws.rt.Gwits_alive = 60;
+    ws.wits.Gwits_alive = 60;
 
     // Unless every row is to stand on its own, the rows go into batches
     // held on a connection of the tool's: the writer joins a transaction
     // that holds the file, and a flush a thousand rows is enough here.
-    store::Database batch;
+    db::Database batch;
     if (!args.report) {
-        batch = store::OpenDatabase(path);
+        batch = db::OpenDatabase(path);
         batch.BeginTrans();
     }
     drill::Options opt;
@@ -87,7 +89,7 @@ bool Write(const Args& args, const QString& path) {
         const drill::Sample s = model.next();
         Feed(ws, drill::Model::PacketLine(s));
         Feed(ws, drill::Model::WitsLine(s));
-        if (ws.rt.Gdb_error) {
+        if (ws.db.Gdb_error) {
             std::fprintf(stderr, "make-demo-job: %s\n",
                          qPrintable(ws.fm_Gas_Chart.txt_message.text()));
             return false;
@@ -131,11 +133,11 @@ int main(int argc, char** argv) {
     const QString part = args.folder + "/V11_DEMO.DB.part";
     QDir().mkpath(args.folder + "/DB_CUE");
     if (!Write(args, part)) {
-        store::RemoveJobFile(part);
+        db::RemoveJobFile(part);
         return 1;
     }
-    store::CopyDatabase(part, job);
-    if (!store::PutJobFileInPlace(part, kept)) {
+    db::CopyDatabase(part, job);
+    if (!db::PutJobFileInPlace(part, kept)) {
         std::fprintf(stderr, "make-demo-job: could not write %s\n", qPrintable(kept));
         return 1;
     }

@@ -1,0 +1,84 @@
+#pragma once
+// One SQLite connection to a job file, shared by the Database handles and the
+// recordsets opened on it. Inside the store only: the rest of the program
+// speaks through Database and Recordset.
+
+#include "db/db_error.h"
+
+#include <QHash>
+#include <QString>
+#include <memory>
+
+struct sqlite3;
+struct sqlite3_stmt;
+
+namespace db {
+
+enum class OpenMode { ReadWrite, ReadOnly, Create };
+
+class Connection {
+  public:
+    // Opens, or throws DbError (file missing, not a data base, locked ...).
+    static std::shared_ptr<Connection> Open(const QString& path, OpenMode mode);
+    ~Connection();
+    Connection(const Connection&) = delete;
+    Connection& operator=(const Connection&) = delete;
+
+    bool isOpen() const { return db_ != nullptr; }
+    // Throws "Object invalid or no longer set" once closed.
+    sqlite3* handle() const;
+    const QString& path() const { return path_; }
+    bool readOnly() const;
+    void close();
+
+    // A prepared statement kept for the life of the connection, ready to
+    // bind: the live writer and the long passes run the same few statements
+    // again and again.
+    sqlite3_stmt* statement(const QString& sql);
+    void exec(const QString& sql);
+    // Before the first write: the file goes over to WAL mode. Not at the
+    // open, so a file that is only looked at (an older job whose conversion
+    // the user declines) is left exactly as it was.
+    void ensureWal();
+    [[noreturn]] void fail(int rc, const QString& what = {}) const;
+
+    // Counts every change made through this connection; a recordset's
+    // read-ahead is dropped when it moved on behind its back.
+    int64_t totalChanges() const;
+
+    int transDepth = 0;
+
+    // An open connection of this process that holds the write lock of the
+    // file at `path`, if there is one. In this single-threaded program a
+    // connection that waits for such a lock waits for ever: the holder can
+    // only let go once the waiter has returned.
+    static std::shared_ptr<Connection> WriteHolder(const QString& path);
+    // Closes every connection of this process to the file at `path`, so its
+    // log is folded into it and removed before the file is replaced.
+    static void CloseAllOn(const QString& path);
+
+  private:
+    Connection() = default;
+    sqlite3* db_ = nullptr;
+    QString path_;
+    bool walChecked_ = false;
+    QHash<QString, sqlite3_stmt*> statements_;
+};
+
+// Resets a cached statement when the use of it ends, however it ends.
+class StatementUse {
+  public:
+    StatementUse(Connection& c, const QString& sql);
+    ~StatementUse();
+    StatementUse(const StatementUse&) = delete;
+    StatementUse& operator=(const StatementUse&) = delete;
+    sqlite3_stmt* get() const { return s_; }
+    // sqlite3_step; true while a row is there, false at the end; throws on error.
+    bool step();
+
+  private:
+    Connection& c_;
+    sqlite3_stmt* s_;
+};
+
+} // namespace db

@@ -1,0 +1,38 @@
+#include "workstation/events.h"
+
+#include "workstation/workstation.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QThread>
+
+namespace station {
+
+void DoEvents(Workstation&) {
+    if (QCoreApplication::instance()) QCoreApplication::processEvents();
+}
+
+void WaitEvents(Workstation& ws) {
+    QTimer* delay = ws.timer("tmr_delay");
+    if (QCoreApplication::instance() && delay && delay->isActive()) {
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        return;
+    }
+    // No running loop timers (a tool, or a test that ticks by hand): run
+    // what is pending and count the tenths ourselves.
+    DoEvents(ws);
+    QThread::msleep(100);
+    if (ws.loop.Gdelay_ticks > 0) ws.loop.Gdelay_ticks -= 1;
+}
+
+void DelaySeconds(Workstation& ws, double n) {
+    ws.loop.Gdelay_ticks = static_cast<int32_t>(n * 10);
+    while (ws.loop.Gdelay_ticks > 0 && !ws.closing) WaitEvents(ws);
+}
+
+void UnloadAllForms(Workstation& ws, const QString& name) {
+    for (forms::Panel* p : ws.panels())
+        if (p->name() != name) p->form.setVisible(false);
+}
+
+} // namespace station

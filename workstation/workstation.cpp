@@ -1,0 +1,71 @@
+#include "workstation/workstation.h"
+
+#include <QLoggingCategory>
+
+Q_LOGGING_CATEGORY(lcTimers, "gaschart.timers")
+
+Workstation::Workstation(const QString& dir, platform::Dialogs* dialogs) : programDir(dir) {
+    setDialogs(dialogs);
+    Rnd = [this] { return std::uniform_real_distribution<double>(0.0, 1.0)(rng_); };
+}
+
+Workstation::~Workstation() {
+    StopTimers();
+}
+
+void Workstation::AddTimer(const station::TimerDef& def) {
+    auto t = std::make_unique<QTimer>();
+    t->setInterval(def.periodMs);
+    t->setObjectName(def.name);
+    auto tick = def.tick;
+    QObject::connect(t.get(), &QTimer::timeout, [this, tick] {
+        // A tick never takes the loop down: whatever escapes is noted and
+        // the next tick comes as usual.
+        try {
+            tick(*this);
+        } catch (const std::exception& e) {
+            qCWarning(lcTimers) << "timer tick failed:" << e.what();
+        } catch (...) {
+            qCWarning(lcTimers) << "timer tick failed";
+        }
+    });
+    timers_[def.name] = std::move(t);
+    std::erase_if(timerDefs_,
+                  [&](const station::TimerDef& d) { return QString(d.name) == def.name; });
+    timerDefs_.push_back(def);
+}
+
+void Workstation::setDialogs(platform::Dialogs* d) {
+    if (d) {
+        dialogs_ = d;
+        return;
+    }
+    if (!ownDialogs_) ownDialogs_ = std::make_unique<platform::QuietDialogs>();
+    dialogs_ = ownDialogs_.get();
+}
+
+std::vector<forms::Panel*> Workstation::panels() {
+    return {&fm_Gas_Chart, &fm_chro, &fm_help, &fm_setup, &fm_secure, &more_data, &fm_WITS};
+}
+
+QTimer* Workstation::timer(const QString& name) {
+    auto it = timers_.find(name);
+    return it == timers_.end() ? nullptr : it->second.get();
+}
+
+void Workstation::StartTimers() {
+    for (const station::TimerDef& def : timerDefs_)
+        if (def.runsFromStart) timers_[def.name]->start();
+}
+
+void Workstation::StopTimers() {
+    for (auto& [name, t] : timers_) t->stop();
+}
+
+void station::make_chart(Workstation& ws) {
+    if (ws.services.make_chart) ws.services.make_chart(ws);
+}
+
+QString station::Revision() {
+    return QStringLiteral(GASCHART_REVISION);
+}
