@@ -132,3 +132,19 @@ TEST(SerialLink, ThePseudoTerminalThatComesAndGoesIsFoundEachTime) {
     for (long p : stored) EXPECT_TRUE(sim.sent().count(p)) << p;
     EXPECT_GE(stored.size(), 9u);
 }
+
+TEST(SerialLink, AScanThatFindsNothingLeavesTheLastPortTriedAsItIs) {
+    // A device on port 20 that never answers: the scan ends on it and, as
+    // each probe closes only the port before it, leaves it open.
+    SerialEnds silent;
+    Station st;
+    ASSERT_TRUE(silent.pair.start());
+    st.ws.ports.place(20, silent.pair.workstationEnd());
+    st.startIntake();
+    acq::SerialFindKettlewick(st.ws);
+    EXPECT_FALSE(st.ws.link.Gdetector_found);
+    EXPECT_EQ(st.ws.link.Gcomm_port, 20);
+    EXPECT_TRUE(st.ws.MSComm1.PortOpen());
+    EXPECT_EQ(st.ws.fm_Gas_Chart.cmd_comm1.caption(), "Kettlewick Disconnected");
+    EXPECT_EQ(st.ws.fm_Gas_Chart.cmd_comm1.backColor(), forms::color::Red);
+}
