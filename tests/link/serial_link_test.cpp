@@ -22,8 +22,7 @@ void ExpectFound(Station& st, int port) {
 } // namespace
 
 TEST(SerialLink, ScanFindsTheInstrumentOnPortTwentyAndPacketsArrive) {
-    QTemporaryDir dir;
-    PortPair pair(dir.path());
+    PortPair pair;
     Station st;
     ASSERT_TRUE(st.startSerialSimulator(pair, 20, {"--interval", "0.3", "--first-packet", "1"}));
     Simulator& sim = *st.sim;
@@ -55,8 +54,7 @@ TEST(SerialLink, ScanFindsTheInstrumentOnPortTwentyAndPacketsArrive) {
 }
 
 TEST(SerialLink, SuppressedEchoBoxSendsNoEchoOff) {
-    QTemporaryDir dir;
-    PortPair pair(dir.path());
+    PortPair pair;
     Station st;
     st.ws.fm_setup.ck_supp_echo.setChecked(true);
     ASSERT_TRUE(st.startSerialSimulator(pair, 4, {"--interval", "6"}));
