@@ -2,8 +2,8 @@
 // workstation sees the link go, counts down, connects again, and no packet
 // that went out whole is missing from what it took and stored: the half line
 // waits in the buffer until the instrument's greeting on the new connection
-// clears it. The workstation's clock runs ten times faster (the delay
-// counter every 10 ms, the intake every 20 ms), and so does the instrument.
+// clears it. The workstation's clock runs five times faster (the delay
+// counter every 20 ms, the intake every 40 ms), and so does the instrument.
 #include "acquisition/main_loop.h"
 #include "link_kit.h"
 
@@ -16,11 +16,11 @@ TEST(Reconnect, TwentyDropsLoseNothingThatWasSentWhole) {
     Station st;
     const quint16 port = FreePort();
     Simulator sim(st.folder.file("sim.log"));
-    ASSERT_TRUE(sim.start({"--tcp", QString::number(port), "--interval", "0.15", "--drop-every",
-                           "6", "--first-packet", "1", "--seed", "3", "--greet"}));
+    ASSERT_TRUE(sim.start({"--tcp", QString::number(port), "--interval", "0.2", "--drop-every", "6",
+                           "--first-packet", "1", "--seed", "3", "--greet"}));
     st.useTcp(port);
-    st.ws.timer("tmr_delay")->setInterval(10);
-    st.ws.timer("tmrDataArrival")->setInterval(20);
+    st.ws.timer("tmr_delay")->setInterval(20);
+    st.ws.timer("tmrDataArrival")->setInterval(40);
     st.startIntake();
     st.ws.link.Glink_countdown = 1;
 
