@@ -31,8 +31,8 @@ constexpr Row kRows[8] = {
 };
 constexpr int kGasAlarmRow = 6; // register 53 holds hundreds of gas units
 
-bool AnyLinkOpen(Workstation& ws) {
-    return ws.MSComm1.PortOpen() || ws.link.Gsock_state == 7;
+bool LinkOpen(Workstation& ws) {
+    return ws.instrument().state() == platform::LinkState::Open;
 }
 
 } // namespace
@@ -57,19 +57,13 @@ QString CommandOfRow(Workstation& ws, int index) {
 }
 
 void cmd_KW_command_Click(Workstation& ws, int index) {
-    if (!AnyLinkOpen(ws)) return;
+    if (!LinkOpen(ws)) return;
     auto& readBack = ws.fm_setup.cmd_KW_command[kReadBackRow];
     readBack.setCaption(QStringLiteral("Working..."));
 
     // The instrument sleeps between packets: a lone CR wakes it.
-    if (ws.MSComm1.PortOpen()) {
-        ws.MSComm1.Output(QStringLiteral("\r"));
-        station::DelaySeconds(ws, 1);
-    }
-    if (ws.link.Gsock_state == 7) {
-        ws.Winsock_ombri.SendData(QStringLiteral("\r"));
-        station::DelaySeconds(ws, 1);
-    }
+    ws.instrument().write(QStringLiteral("\r"));
+    station::DelaySeconds(ws, 1);
 
     if (index >= 0 && index <= kFreeRow) {
         const QString command = CommandOfRow(ws, index);
@@ -139,7 +133,8 @@ void send_key(Workstation& ws) {
     try {
         QString message = KeyMessage(ws, name, password);
         // The login works over Ethernet only.
-        if (ws.link.Gsock_state == 7) ws.Winsock_ombri.SendData(message);
+        platform::InstrumentLink& link = ws.instrument();
+        if (link.isSession() && link.state() == platform::LinkState::Open) link.write(message);
         message.fill(QChar(0));
         message.clear();
     } catch (const std::exception& e) {

@@ -1,12 +1,10 @@
 // The operator's switches of the instrument link: on and off, serial or
 // Ethernet.
 #include "acquisition/link.h"
+#include "acquisition/log.h"
 
+#include "text/numbers.h"
 #include "workstation/workstation.h"
-
-#include <QLoggingCategory>
-
-Q_LOGGING_CATEGORY(lcLink, "gaschart.link")
 
 namespace acq {
 
@@ -35,10 +33,38 @@ void cmd_comm1_Click(Workstation& ws) {
         return;
     }
     ws.link.Glink_countdown = 61;
-    if (!ws.link.Guse_tcp)
-        SerialFindKettlewick(ws);
-    else
+    ConnectInstrument(ws);
+}
+
+void ConnectInstrument(Workstation& ws) {
+    if (ws.link.Guse_tcp)
         winsock_connect(ws);
+    else
+        SerialFindKettlewick(ws);
+}
+
+void ShowLinkCountdown(Workstation& ws, bool connected) {
+    auto& button = ws.fm_Gas_Chart.cmd_comm1;
+    const QString count = text::Str(ws.link.Glink_countdown);
+    if (!connected) {
+        button.setBackColor(forms::color::Red);
+        button.setCaption(ws.link.Guse_tcp ? count + "  " + ws.link.Gsock_state_text
+                                           : "Kettlewick Disconnected " + count);
+    } else if (ws.link.Guse_tcp) {
+        button.setBackColor(UptimeColour(ws.link.Guptime_percent));
+        button.setCaption("Connected: " + count + " TCP " + text::Str(ws.link.Guptime_percent) +
+                          "%");
+    } else {
+        button.setBackColor(forms::color::Green);
+        button.setCaption("Kettlewick Connected: " + count);
+    }
+}
+
+long UptimeColour(double uptime) {
+    long c = forms::color::Red;
+    if (uptime > 50) c = forms::color::Orange;
+    if (uptime > 75) c = forms::color::Green;
+    return c;
 }
 
 void op_conn_using_serial_Click(Workstation& ws) {
@@ -58,18 +84,11 @@ void ck_Use_TCP_Click(Workstation& ws) {
     }
 }
 
-// Sends on every open channel: both are served when both happen to be open.
 bool SendToInstrument(Workstation& ws, const QString& line) {
-    bool sent = false;
-    if (ws.MSComm1.PortOpen()) {
-        ws.MSComm1.Output(line);
-        sent = true;
-    }
-    if (ws.link.Gsock_state == 7) {
-        ws.Winsock_ombri.SendData(line);
-        sent = true;
-    }
-    return sent;
+    platform::InstrumentLink& link = ws.instrument();
+    if (link.state() != platform::LinkState::Open) return false;
+    link.write(line);
+    return true;
 }
 
 } // namespace acq

@@ -15,8 +15,14 @@ void close_winsock(Workstation& ws);
 void Winsock_state(Workstation& ws);
 void Check_TCP_ip_port(Workstation& ws);
 void readlookupfile(Workstation& ws);
-// Sends text to the instrument on every open channel; false when none is open.
+// Sends text to the instrument on the wire in use; false when it is not open.
 bool SendToInstrument(Workstation& ws, const QString& line);
+// The scan or the connect, whichever the link setting asks for.
+void ConnectInstrument(Workstation& ws);
+// The link button while the watchdog counts: what the wire in use shows.
+void ShowLinkCountdown(Workstation& ws, bool connected);
+// The button's colour for the link quality the instrument reports.
+long UptimeColour(double uptime);
 
 // The link button after a close: disconnected, or forced off.
 void ShowDisconnected(Workstation& ws);

@@ -1,12 +1,9 @@
 // The serial side of the instrument link: the scan of ports 1 to 20 for the
 // instrument's banner, and the close.
 #include "acquisition/link.h"
+#include "acquisition/log.h"
 #include "workstation/events.h"
 #include "workstation/workstation.h"
-
-#include <QLoggingCategory>
-
-Q_DECLARE_LOGGING_CATEGORY(lcLink)
 
 namespace acq {
 
@@ -60,12 +57,10 @@ void SerialFindKettlewick(Workstation& ws) {
             }
         }
     }
-    if (!found) {
-        // The scan failed: the last port tried stays, and the countdown
-        // brings the next scan.
-        ws.MSComm1.SetPortOpen(false);
-        return;
-    }
+    // Nothing answered: the last port tried stays in Gcomm_port, as open or
+    // shut as its probe left it (the next probe of any scan closes it), and
+    // the countdown brings the next scan.
+    if (!found) return;
 
     // The box's sense is kept as it always was: clear means send.
     if (!ws.fm_setup.ck_supp_echo.checked()) ws.MSComm1.Output(QStringLiteral("ECHO OFF\r\n"));

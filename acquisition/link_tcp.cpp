@@ -2,14 +2,12 @@
 // state in words, and the typed address.
 #include "acquisition/link.h"
 #include "acquisition/live_fields.h"
+#include "acquisition/log.h"
 #include "text/numbers.h"
 #include "workstation/events.h"
 #include "workstation/workstation.h"
 
-#include <QLoggingCategory>
 #include <exception>
-
-Q_DECLARE_LOGGING_CATEGORY(lcLink)
 
 namespace acq {
 
@@ -17,30 +15,6 @@ namespace {
 
 constexpr int kTries = 5;
 const QString kDefaultAddress = QStringLiteral("192.168.1.1:23");
-
-long UptimeColour(double uptime) {
-    long c = forms::color::Red;
-    if (uptime > 50) c = forms::color::Orange;
-    if (uptime > 75) c = forms::color::Green;
-    return c;
-}
-
-// A line cut off by the old connection would glue itself to the first
-// packet of the new one and spoil both; whole lines still waiting are kept.
-// Done before the new connection can deliver anything.
-// The pending text is the line buffer followed by the arrival buffer.
-void DropBrokenLine(Workstation& ws) {
-    auto cut = [](QString& s) {
-        auto cr = s.lastIndexOf(QChar(13));
-        if (cr < 0) return false;
-        if (cr + 1 < s.size() && s[cr + 1] == QChar(10)) ++cr;
-        s.truncate(cr + 1);
-        return true;
-    };
-    if (cut(ws.packet.Garrival_buffer)) return;
-    ws.packet.Garrival_buffer.clear();
-    if (!cut(ws.packet.Gline_buffer)) ws.packet.Gline_buffer.clear();
-}
 
 void RefuseAddress(Workstation& ws, const QString& text) {
     ws.dialogs().MsgBox(text, platform::Buttons::Ok, QStringLiteral("TCP SET ERROR"),
@@ -55,8 +29,10 @@ void Connect(Workstation& ws) {
     if (ws.link.Glink_mode == 0 || !ws.link.Guse_tcp) return;
     ws.fm_Gas_Chart.cmd_comm1.setBackColor(forms::color::Red);
     ws.fm_Gas_Chart.cmd_comm1.setCaption(QStringLiteral("Kettlewick Disconnected"));
+    // What waits in the buffers stays: the parser keeps no state of its own,
+    // so a line begun on the old connection waits for its end like any
+    // other, and the instrument's TCPCONNECT greeting clears what it must.
     close_winsock(ws);
-    DropBrokenLine(ws);
     if (ws.link.Gtcp_host.size() < 5) return;
 
     // Both ports to 0 first, so no earlier binding survives into this try.
@@ -110,9 +86,10 @@ void close_winsock(Workstation& ws) {
     ShowDisconnected(ws);
     Winsock_state(ws);
     if (ws.link.Gsock_state != 0) ws.Winsock_ombri.Close();
+    // Five tries, the first spent on the close itself: four seconds at most.
     int tries = kTries;
     while (ws.link.Gsock_state != 0) {
-        if (--tries < 0 || ws.closing) break;
+        if (--tries <= 0 || ws.closing) break;
         Winsock_state(ws);
         station::DelaySeconds(ws, 1);
     }

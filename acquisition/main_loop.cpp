@@ -15,17 +15,16 @@ namespace acq {
 
 void tmrDataArrival_Timer(Workstation& ws) {
     Winsock_state(ws);
-    if (ws.link.Gsock_state == 7 && ws.Winsock_ombri.BytesReceived() > 0 &&
-        !ws.packet.Gtransfer_active) {
-        const QString got = ws.Winsock_ombri.GetData();
-        station::disply_text(ws, got);
-        ws.link.Gtcp_idle_count = 0;
+    platform::InstrumentLink& link = ws.instrument();
+    const bool transfer = ws.packet.Gtransfer_active;
+    // During a download a session keeps its bytes until the download fetches
+    // them; a plain wire is read, and the text goes to the download below.
+    if (link.state() == platform::LinkState::Open && (!transfer || !link.isSession()) &&
+        link.bytesArrived() > 0) {
+        const QString got = link.read();
+        if (!transfer) station::disply_text(ws, got);
+        if (link.isSession()) ws.link.Gtcp_idle_count = 0;
         ws.packet.Garrival_buffer += got;
-    }
-    if (ws.MSComm1.PortOpen() && ws.MSComm1.InBufferCount() >= 1) {
-        const QString got = ws.MSComm1.Input();
-        ws.packet.Garrival_buffer += got;
-        if (!ws.packet.Gtransfer_active) station::disply_text(ws, got);
     }
     if (ws.packet.Gtransfer_active && !ws.packet.Gtransfer_hold) {
         ws.packet.Gtransfer_buffer += ws.packet.Garrival_buffer;

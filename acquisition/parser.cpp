@@ -76,7 +76,8 @@ void Banner(Workstation& ws, const QString&, Hit, int&) {
 }
 
 void TcpConnect(Workstation& ws, const QString&, Hit, int&) {
-    if (ws.link.Gsock_state == 7) ws.Winsock_ombri.SendData("STATUS\r\n");
+    platform::InstrumentLink& link = ws.instrument();
+    if (link.isSession() && link.state() == platform::LinkState::Open) link.write("STATUS\r\n");
 }
 
 void DrillDepth(Workstation& ws, const QString& buf, Hit hit, int&) {
@@ -141,17 +142,19 @@ void DataPacket(Workstation& ws, const QString& buf, Hit hit, int& pt) {
     ++pt;
     // The instrument learns the lag depth as of its last packet, every packet.
     const QString lagLine = LagDepthLine(ws.depth.Glag_depth_now);
-    if (ws.MSComm1.PortOpen()) {
-        ws.MSComm1.Output(lagLine);
-        station::disply_text(ws, lagLine + "\r\n");
-    }
-    ++pt;
-    if (ws.link.Gsock_state == 7) {
-        ws.Winsock_ombri.SendData(lagLine);
-        station::disply_text(ws, lagLine);
-        if (!ws.fm_setup.ck_Mainlog_NoKeepalive.checked())
-            ws.Winsock_ombri.SendData(QString(QChar(250)));
-        ws.link.Guptime_percent = 100;
+    platform::InstrumentLink& link = ws.instrument();
+    if (link.state() == platform::LinkState::Open) {
+        link.write(lagLine);
+        ++pt;
+        if (link.isSession()) {
+            station::disply_text(ws, lagLine);
+            if (!ws.fm_setup.ck_Mainlog_NoKeepalive.checked()) link.write(QString(QChar(250)));
+            ws.link.Guptime_percent = 100;
+        } else {
+            station::disply_text(ws, lagLine + "\r\n");
+        }
+    } else {
+        ++pt;
     }
 
     ++pt;

@@ -8,7 +8,6 @@ namespace acq {
 
 using forms::color::Green;
 using forms::color::Grey;
-using forms::color::Orange;
 using forms::color::Red;
 
 void SuperviseWits(Workstation& ws) {
@@ -78,33 +77,11 @@ void SuperviseLink(Workstation& ws) {
     }
     if (ws.link.Glink_mode != 1) return;
     if (ws.link.Glink_countdown > 0) ws.link.Glink_countdown -= 1;
-    const QString count = text::Str(ws.link.Glink_countdown);
-    const bool connected =
-        (ws.MSComm1.PortOpen() && ws.link.Gdetector_found) || ws.link.Gsock_state == 7;
-    if (connected) {
-        if (ws.link.Guse_tcp) {
-            long c = Red;
-            if (ws.link.Guptime_percent > 50) c = Orange;
-            if (ws.link.Guptime_percent > 75) c = Green;
-            button.setBackColor(c);
-            button.setCaption("Connected: " + count + " TCP " + text::Str(ws.link.Guptime_percent) +
-                              "%");
-        } else {
-            button.setBackColor(Green);
-            button.setCaption("Kettlewick Connected: " + count);
-        }
-    } else {
-        button.setBackColor(Red);
-        button.setCaption(ws.link.Guse_tcp ? count + "  " + ws.link.Gsock_state_text
-                                           : "Kettlewick Disconnected " + count);
-    }
+    ShowLinkCountdown(ws, ws.instrumentConnected());
     if (ws.link.Glink_countdown == 0) {
         ws.link.Glink_countdown = 61;
         ws.link.Gdetector_found = false;
-        if (ws.link.Guse_tcp)
-            winsock_connect(ws);
-        else
-            SerialFindKettlewick(ws);
+        ConnectInstrument(ws);
     }
 }
 

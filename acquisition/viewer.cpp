@@ -9,8 +9,8 @@ namespace acq {
 
 void text_window_KeyPress(Workstation& ws, QChar key) {
     const QString one(key);
-    if (ws.MSComm1.PortOpen()) ws.MSComm1.Output(one);
-    if (ws.link.Gsock_state == 7) ws.Winsock_ombri.SendData(one);
+    platform::InstrumentLink& link = ws.instrument();
+    if (link.state() == platform::LinkState::Open) link.write(one);
 }
 
 bool more_data_QueryUnload(Workstation& ws) {

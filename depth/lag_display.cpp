@@ -23,9 +23,7 @@ void tmr_lag_calc_Timer(Workstation& ws) {
     auto& setup = ws.fm_setup;
     auto& d = ws.depth;
 
-    const bool linked =
-        (ws.MSComm1.PortOpen() && ws.link.Gdetector_found) || ws.link.Gsock_state == 7;
-    setup.cmd_KW_command[9].setBackColor(linked ? Green : Red);
+    setup.cmd_KW_command[9].setBackColor(ws.instrumentConnected() ? Green : Red);
 
     QString caption = "Recalculate Lag From " +
                       text::Str(text::Val(setup.txt_recalc_lag_from.text())) + " To " +

@@ -4,6 +4,7 @@
 // settings text, open/close that reports an error number instead of
 // throwing, input of all that waits, output of text.
 
+#include "platform/instrument_link.h"
 #include "platform/port_map.h"
 
 #include <QSerialPort>
@@ -11,7 +12,7 @@
 
 namespace platform {
 
-class SerialLink {
+class SerialLink : public InstrumentLink {
   public:
     explicit SerialLink(const PortMap& map) : map_(map) {}
 
@@ -31,6 +32,15 @@ class SerialLink {
     void Output(const QString& text);
 
     QString device() const { return port_.portName(); }
+
+    // The one-wire view of the port: open is PortOpen True on CommPort.
+    int open() override { return SetPortOpen(true); }
+    void close() override { SetPortOpen(false); }
+    LinkState state() override { return PortOpen() ? LinkState::Open : LinkState::Closed; }
+    void write(const QString& text) override { Output(text); }
+    int bytesArrived() override { return InBufferCount(); }
+    QString read() override { return Input(); }
+    bool isSession() const override { return false; }
 
   private:
     void closeIfGone();

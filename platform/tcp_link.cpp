@@ -15,6 +15,13 @@ void TcpLink::Connect() {
 
 void TcpLink::Close() {
     errored_ = false;
+    sock_.readAll();
+    // A connection still being made, or one with nothing left to send, goes
+    // at once; one with bytes still on their way out closes once they are out.
+    if (sock_.state() == QAbstractSocket::ConnectedState && sock_.bytesToWrite() > 0) {
+        sock_.disconnectFromHost();
+        return;
+    }
     sock_.abort();
 }
 
@@ -39,6 +46,21 @@ int TcpLink::State() {
         return 8;
     }
     return 0;
+}
+
+LinkState TcpLink::state() {
+    switch (State()) {
+    case 0:
+        return LinkState::Closed;
+    case 7:
+        return LinkState::Open;
+    case 8:
+        return LinkState::Closing;
+    case 9:
+        return LinkState::Failed;
+    default:
+        return LinkState::Opening;
+    }
 }
 
 int TcpLink::BytesReceived() {

@@ -24,8 +24,6 @@
 #include <QScrollBar>
 #include <QTabWidget>
 
-Q_LOGGING_CATEGORY(lcUi, "gaschart.ui")
-
 namespace ui {
 
 using forms::Prop;

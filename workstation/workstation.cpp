@@ -1,8 +1,6 @@
 #include "workstation/workstation.h"
 
-#include <QLoggingCategory>
-
-Q_LOGGING_CATEGORY(lcTimers, "gaschart.timers")
+#include "workstation/log.h"
 
 Workstation::Workstation(const QString& dir, platform::Dialogs* dialogs) : programDir(dir) {
     setDialogs(dialogs);
@@ -24,9 +22,9 @@ void Workstation::AddTimer(const station::TimerDef& def) {
         try {
             tick(*this);
         } catch (const std::exception& e) {
-            qCWarning(lcTimers) << "timer tick failed:" << e.what();
+            qCWarning(station::lcTimers) << "timer tick failed:" << e.what();
         } catch (...) {
-            qCWarning(lcTimers) << "timer tick failed";
+            qCWarning(station::lcTimers) << "timer tick failed";
         }
     });
     timers_[def.name] = std::move(t);
@@ -46,6 +44,15 @@ void Workstation::setDialogs(platform::Dialogs* d) {
 
 std::vector<forms::Panel*> Workstation::panels() {
     return {&fm_Gas_Chart, &fm_chro, &fm_help, &fm_setup, &fm_secure, &more_data, &fm_WITS};
+}
+
+platform::InstrumentLink& Workstation::instrument() {
+    if (MSComm1.PortOpen()) return MSComm1;
+    return Winsock_ombri;
+}
+
+bool Workstation::instrumentConnected() const {
+    return (MSComm1.PortOpen() && link.Gdetector_found) || link.Gsock_state == 7;
 }
 
 QTimer* Workstation::timer(const QString& name) {

@@ -82,6 +82,12 @@ class Workstation {
     platform::SerialLink MSComm1{ports};
     platform::SerialLink MSComm2{ports};
     platform::TcpLink Winsock_ombri;
+    // The wire to the instrument in use: the serial port while it is open
+    // (being scanned, or the instrument found on it), otherwise the socket.
+    platform::InstrumentLink& instrument();
+    // The instrument is there: found on the open serial port, or the socket
+    // connected when the intake last looked (Gsock_state).
+    bool instrumentConnected() const;
 
     station::Services services;
 

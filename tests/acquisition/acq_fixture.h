@@ -1,74 +1,25 @@
 #pragma once
-// A workstation over a temporary program folder with a fixed clock, the
-// small builders the acquisition tests share, and a real pseudo-terminal
-// pair for the serial line.
+// The test station with a fixed clock, and the small builders the
+// acquisition tests share.
 
 #include "acquisition/main_loop.h"
 #include "acquisition/parser.h"
-#include "program_folder.h"
-#include "scripted_dialogs.h"
-#include "workstation/workstation.h"
+#include "pty_pair.h"
+#include "test_station.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
-#include <QFileInfo>
-#include <QProcess>
 #include <QStringList>
-#include <QTemporaryDir>
-#include <QThread>
 #include <functional>
 #include <gtest/gtest.h>
-#include <ostream>
-
-// Readable failures: gtest prints a QString as its text.
-inline void PrintTo(const QString& s, std::ostream* os) {
-    *os << '"' << s.toStdString() << '"';
-}
 
 namespace acqtest {
 
-// The clock every test workstation reads: 14:07:09 on 5 March 2024, which
-// the logs show as "14:07:09" and "03/05/2024".
-inline QDateTime FixedNow() {
-    return QDateTime(QDate(2024, 3, 5), QTime(14, 7, 9));
-}
+using testkit::FixedNow;
+using testkit::PtyPair;
 
-// A pseudo-terminal pair from socat: one end for the workstation's serial
-// port, the other for the test that plays the instrument.
-class PtyPair {
-  public:
-    ~PtyPair() {
-        if (proc_.state() != QProcess::NotRunning) {
-            proc_.terminate();
-            if (!proc_.waitForFinished(2000)) proc_.kill();
-            proc_.waitForFinished(2000);
-        }
-    }
-    bool start() {
-        proc_.start("socat", {"pty,raw,echo=0,link=" + workstationEnd(),
-                              "pty,raw,echo=0,link=" + instrumentEnd()});
-        if (!proc_.waitForStarted(3000)) return false;
-        for (int i = 0; i < 50; ++i) {
-            if (QFileInfo::exists(workstationEnd()) && QFileInfo::exists(instrumentEnd()))
-                return true;
-            QThread::msleep(50);
-        }
-        return false;
-    }
-    QString workstationEnd() const { return dir_.path() + "/ws"; }
-    QString instrumentEnd() const { return dir_.path() + "/kw"; }
-
-  private:
-    QTemporaryDir dir_;
-    QProcess proc_;
-};
-
-class AcqTest : public ::testing::Test {
+class AcqTest : public ::testing::Test, protected testkit::Station {
   protected:
-    testkit::ProgramFolder folder;
-    testkit::ScriptedDialogs dialogs;
-    testkit::WiredWorkstation ws{folder.path(), &dialogs};
-
     AcqTest() {
         ws.Now = [] { return FixedNow(); };
     }

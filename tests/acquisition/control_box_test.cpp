@@ -48,18 +48,6 @@ TEST_F(ControlBox, RefreshButtonPausesAndResumesWithTheCount) {
     EXPECT_EQ(ws.chart.Grefresh_count, 120);
 }
 
-TEST_F(ControlBox, OffBottomStepsThroughItsThreeModes) {
-    auto& b = ws.fm_Gas_Chart.cmd_off_bottom_overide;
-    const char* captions[] = {"Forced OFF Bottom", "Forced ON Bottom", "Off Bottom Automatic",
-                              "Forced OFF Bottom"};
-    const double modes[] = {1, 2, 0, 1};
-    for (int i = 0; i < 4; ++i) {
-        acq::cmd_off_bottom_overide_Click(ws);
-        EXPECT_EQ(ws.depth.Goff_bottom_mode, modes[i]);
-        EXPECT_EQ(b.caption(), captions[i]);
-    }
-}
-
 TEST_F(ControlBox, PumpsToggleOnlyWhileWitsIsDown) {
     auto& b = ws.fm_Gas_Chart.cmd_pumps;
     ws.wits.Gwits_alive = 0;

@@ -28,32 +28,6 @@ class LiveFields : public AcqTest {
     }
 };
 
-TEST(AlarmWords, LogAndScreenVocabulariesDifferWhereTheyShould) {
-    // The numbers whose two words differ most, the same-word ones and the
-    // fallback on both sides of the known range.
-    const struct {
-        int n;
-        const char* log;
-        const char* screen;
-    } rows[] = {
-        {1, "HIGH SAMPLE PRESSURE / ", "High Pressure"},
-        {3, "HRM SENSOR VOLTAGE HIGH / ", "Detector High Voltage"},
-        {9, "HIGH POWER SUPPLY AMPERAGE / ", "High Extractor Amperage"},
-        {10, "HIGH EQUIPMENT TEMPERATURE / ", "High Equipment Temp"},
-        {14, "UNIT IN SHUTDOWN MODE / ", "UNIT IN SHUTDOWN MODE"},
-        {16, "CHROMATOGRAPH PRESSURE FAILURE / ", "Low Chromatograph Pressure"},
-        {17, "HIGH H2S LEVELS / ", "HIGH H2S"},
-        {255, "5000 Hour Maintenance / ", "Unit is due for 5000 Hr Maintenance"},
-        {19, "UNKNOWN ALARM / ", "Unknown Kettlewick Alarm"},
-        {0, "UNKNOWN ALARM / ", "Unknown Kettlewick Alarm"},
-        {254, "UNKNOWN ALARM / ", "Unknown Kettlewick Alarm"},
-    };
-    for (const auto& r : rows) {
-        EXPECT_EQ(acq::AlarmLogText(r.n), r.log) << r.n;
-        EXPECT_EQ(acq::AlarmDisplayText(r.n), r.screen) << r.n;
-    }
-}
-
 TEST_F(LiveFields, AChangedAlarmFieldIsLoggedOnceWithAllItsNumbers) {
     setAlarm("5 12 ");
     acq::parse_err_str(ws);

@@ -23,46 +23,17 @@ class WitsBlock : public AcqTest {
     }
 };
 
-TEST_F(WitsBlock, EveryCodeOfTheRoleTableLandsInItsSlot) {
+TEST_F(WitsBlock, ItemsLandInTheirSlotsAndPumpRatesKeepTheirWholePart) {
     // Custom codes that no row names, so that only the fixed table acts.
     for (int i = 0; i < 4; ++i) ws.fm_setup.txt_custom_wits_number[i].setText("9000");
-    struct Case {
-        int code;
-        int slot;
-        double sent;
-        double stored;
-    };
-    // Each code alone in its own block, so every code of a shared slot is
-    // seen to land there; pump rates and item 0137 keep their whole part.
-    const Case cases[] = {
-        {108, 0, 5000.5, 5000.5},  {408, 0, 5001.25, 5001.25},  {110, 1, 5010.5, 5010.5},
-        {410, 1, 5011, 5011},      {1108, 1, 5012.75, 5012.75}, {113, 2, 45.5, 45.5},
-        {114, 3, 210.5, 210.5},    {115, 3, 215, 215},          {116, 4, 18.5, 18.5},
-        {117, 4, 22.5, 22.5},      {120, 5, 95.5, 95.5},        {121, 6, 2800.5, 2800.5},
-        {414, 6, 2850, 2850},      {122, 7, 150.5, 150.5},      {123, 8, 45.9, 45},
-        {124, 9, 61.99, 61},       {125, 10, 0.5, 0},           {137, 11, 12345.8, 12345},
-        {143, 12, 1.5, 1.5},       {144, 13, 2.5, 2.5},         {145, 14, 3.5, 3.5},
-        {713, 15, 12.5, 12.5},     {715, 16, 245.25, 245.25},   {716, 17, 30.5, 30.5},
-        {6310, 17, 31.5, 31.5},    {6339, 17, 32.5, 32.5},      {717, 18, 40.5, 40.5},
-        {722, 19, 50.5, 50.5},     {6311, 19, 51.5, 51.5},      {6340, 19, 52.5, 52.5},
-        {821, 20, 5005.5, 5005.5}, {823, 21, 88.5, 88.5},       {824, 21, 89.5, 89.5},
-        {129, 26, 600.5, 600.5},
-    };
-    for (const Case& c : cases) {
-        ws.wits.Gwits_values.fill(-1);
-        parse(Block({Item(c.code, text::Str(c.sent))}));
-        for (int s = 0; s < wits::kWitsSlots; ++s) {
-            const double want = s == c.slot ? c.stored : -1;
-            EXPECT_DOUBLE_EQ(ws.wits.Gwits_values[s], want) << "code " << c.code << " slot " << s;
-        }
-    }
-    // The whole part drops the fraction towards zero, below zero too.
-    parse(Block({Item(123, "-3.7")}));
-    EXPECT_DOUBLE_EQ(ws.wits.Gwits_values[8], -3);
-    // No row writes into 22 to 25: they are the custom channels'.
-    for (const auto& r : acq::WitsRoleTable()) {
-        EXPECT_TRUE(r.slot < acq::kFirstCustomSlot || r.slot > acq::kFirstCustomSlot + 3) << r.slot;
-    }
+    parse(Block({Item(108, "5000.5"), Item(1108, "5012.75"), Item(123, "-3.7"),
+                 Item(137, "12345.8"), Item(6339, "32.5")}));
+    EXPECT_DOUBLE_EQ(ws.wits.Gwits_values[0], 5000.5);
+    EXPECT_DOUBLE_EQ(ws.wits.Gwits_values[1], 5012.75);
+    EXPECT_DOUBLE_EQ(ws.wits.Gwits_values[8], -3); // towards zero
+    EXPECT_DOUBLE_EQ(ws.wits.Gwits_values[11], 12345);
+    EXPECT_DOUBLE_EQ(ws.wits.Gwits_values[17], 32.5);
+    for (int s = 22; s <= 25; ++s) EXPECT_DOUBLE_EQ(ws.wits.Gwits_values[s], 0) << s;
 }
 
 TEST_F(WitsBlock, CustomCodesFillTheirSlotsBesideAFixedOneAndHoldFor300Seconds) {
@@ -109,11 +80,9 @@ TEST_F(WitsBlock, TheListShowsEveryItemAndTheBitDepthLabelFollows0108) {
     parse(Block({Item(108, "1300")}));
     EXPECT_EQ(ws.more_data.lbl_bit_depth.caption(), "1300.0");
     EXPECT_EQ(ws.more_data.wits_info.items().size(), 1);
-}
-
-TEST_F(WitsBlock, TheFirstFiveFieldsAreNeverRead) {
+    // The five leading fields are never read as items.
     parse("^0108111,0108222,0108333,0108444,0108555," + Item(110, "19") + "\r\n");
-    EXPECT_DOUBLE_EQ(ws.wits.Gwits_values[0], 0);
+    EXPECT_DOUBLE_EQ(ws.wits.Gwits_values[0], 1300);
     EXPECT_DOUBLE_EQ(ws.wits.Gwits_values[1], 19);
 }
 

@@ -5,24 +5,17 @@
 // off its default.
 
 #include "config/config_file.h"
-#include "program_folder.h"
-#include "scripted_dialogs.h"
-#include "workstation/workstation.h"
+#include "test_station.h"
 
 #include <QFile>
 #include <gtest/gtest.h>
 
 namespace cfgtest {
 
-inline QDateTime FixedNow() {
-    return QDateTime(QDate(2024, 3, 5), QTime(14, 7, 9));
-}
+using testkit::FixedNow;
 
-// A program folder with its own workstation.
-struct Station {
-    testkit::ProgramFolder folder;
-    testkit::ScriptedDialogs dialogs;
-    testkit::WiredWorkstation ws{folder.path(), &dialogs};
+// The test station with a fixed clock and its configuration file.
+struct Station : testkit::Station {
     Station() {
         ws.Now = [] { return FixedNow(); };
     }
@@ -133,11 +126,3 @@ inline QStringList PanelState(const forms::Panel& p) {
 }
 
 } // namespace cfgtest
-
-// Readable failures for Qt strings.
-inline void PrintTo(const QString& s, std::ostream* os) {
-    *os << '"' << s.toStdString() << '"';
-}
-inline void PrintTo(const QStringList& l, std::ostream* os) {
-    *os << '{' << l.join(" | ").toStdString() << '}';
-}

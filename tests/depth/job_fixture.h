@@ -1,15 +1,13 @@
 #pragma once
-// A workstation over a temporary program folder with a job file of its own,
+// The test station with a job file of its own,
 // filled packet by packet through the record writer as the live program
 // does, or in bulk through the store for the long jobs.
 
 #include "db/recordset.h"
 #include "db/schema.h"
 #include "depth/lag.h"
-#include "program_folder.h"
-#include "scripted_dialogs.h"
 #include "store/record_writer.h"
-#include "workstation/workstation.h"
+#include "test_station.h"
 
 #include <gtest/gtest.h>
 #include <optional>
@@ -46,18 +44,13 @@ inline Row RowAt(double depth) {
     return r;
 }
 
-class JobTest : public ::testing::Test {
+class JobTest : public ::testing::Test, protected testkit::Station {
   protected:
-    testkit::ProgramFolder folder;
-    testkit::ScriptedDialogs dialogs;
-    testkit::WiredWorkstation ws{folder.path(), &dialogs};
-    QString path = folder.file("JOB.db");
+    const QString path = job;
     QDateTime clock{QDate(2026, 11, 1), QTime(6, 0, 0)};
     long packet = 1001;
 
-    JobTest() {
-        db::MakeBlankJob(path, db::kRecordTable);
-        ws.fm_Gas_Chart.txt_db_path.setText(path);
+    JobTest() : testkit::Station("JOB.db") {
         // The zone look's random interval, fixed: 100 records (75 by time).
         ws.Rnd = [] { return 0.5; };
     }

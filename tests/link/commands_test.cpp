@@ -93,22 +93,31 @@ TEST(Commands, RowsKeepTheirLimitsWakeTheInstrumentAndAreLogged) {
     EXPECT_TRUE(log[4].endsWith(" *** COMMAND OUTPUT TO KW: "));
 }
 
-TEST(Commands, RowsGoOutOnBothOpenChannelsTheLoginOnlyOverEthernet) {
+TEST(Commands, RowsGoOutOnTheLinkInUseTheLoginOnlyOverEthernet) {
     Station st;
     Listener far;
     far.attach(st.ws);
     SerialEnds serial;
     ASSERT_TRUE(serial.open(st.ws, 1));
     QSerialPort& other = serial.instrument;
-
     st.ws.fm_secure.txt_username.setText("driller");
     st.ws.fm_secure.txt_pwe.setText("secret");
-    acq::send_key(st.ws);
     st.ws.fm_setup.txt_data[7].setText("2214");
+
+    // An open serial port is the link in use: the row goes there, and the
+    // login, which a plain wire does not carry, goes nowhere.
+    acq::send_key(st.ws);
     acq::cmd_KW_command_Click(st.ws, 7);
     Pump(300);
     other.waitForReadyRead(500);
     EXPECT_EQ(QString::fromLatin1(other.readAll()), "\rsetjobnum 2214\r");
+    EXPECT_TRUE(far.got.isEmpty()) << far.got.left(20).toStdString();
+
+    // With the port closed the socket is in use and carries both.
+    st.ws.MSComm1.SetPortOpen(false);
+    acq::send_key(st.ws);
+    acq::cmd_KW_command_Click(st.ws, 7);
+    Pump(300);
     EXPECT_TRUE(far.got.startsWith("[PGP KEY ")) << far.got.left(20).toStdString();
     EXPECT_TRUE(far.got.endsWith("]\r\n\rsetjobnum 2214\r"));
 }

@@ -12,30 +12,7 @@
 
 namespace linktest {
 
-bool PortPair::start() {
-    QDir().mkpath(dir_);
-    proc_.start("socat", {"pty,raw,echo=0,link=" + workstationEnd(),
-                          "pty,raw,echo=0,link=" + instrumentEnd()});
-    if (!proc_.waitForStarted(3000)) return false;
-    for (int i = 0; i < 100; ++i) {
-        if (QFileInfo::exists(workstationEnd()) && QFileInfo::exists(instrumentEnd())) return true;
-        QThread::msleep(30);
-    }
-    return false;
-}
-
-void PortPair::stop() {
-    if (proc_.state() == QProcess::NotRunning) return;
-    proc_.terminate();
-    if (!proc_.waitForFinished(3000)) proc_.kill();
-    proc_.waitForFinished(2000);
-}
-
-Station::Station() {
-    QDir().mkpath(folder.file("DB_CUE"));
-    job = folder.file("DB_CUE/LINK.DB");
-    db::MakeBlankJob(job, db::kRecordTable);
-    ws.fm_Gas_Chart.txt_db_path.setText(job);
+Station::Station() : testkit::Station("LINK.DB") {
     ws.loop.Gstarting_up = false;
     ws.chart.Grefresh_paused = true; // no chart refresh in the middle of a link test
     ws.ports.setScanDevices(false);

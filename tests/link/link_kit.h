@@ -1,15 +1,12 @@
 #pragma once
 // What the link tests share: the instrument simulator as a real process, a
-// socat port pair, and a workstation over a temporary program folder with a
-// job file, whose intake tick is watched for the packets it takes.
+// socat port pair, and the test station with a job file, whose intake tick
+// is watched for the packets it takes.
 
-#include "program_folder.h"
-#include "scripted_dialogs.h"
+#include "pty_pair.h"
 #include "simulator.h"
-#include "workstation/packet_state.h"
-#include "workstation/workstation.h"
+#include "test_station.h"
 
-#include <QProcess>
 #include <QSerialPort>
 #include <QString>
 #include <QTemporaryDir>
@@ -24,37 +21,19 @@ using testkit::Pump;
 using testkit::PumpUntil;
 using testkit::Simulator;
 
-class PortPair {
-  public:
-    // Both ends are links in dir, so a pair made again lands on the same names.
-    explicit PortPair(const QString& dir) : dir_(dir) {}
-    ~PortPair() { stop(); }
-    bool start();
-    void stop();
-    QString workstationEnd() const { return dir_ + "/ws"; }
-    QString instrumentEnd() const { return dir_ + "/kw"; }
-
-  private:
-    QString dir_;
-    QProcess proc_;
-};
+using PortPair = testkit::PtyPair;
 
 // A socat pair whose workstation end is opened as the workstation's port n
 // and whose instrument end the test holds as `instrument`.
 struct SerialEnds {
-    QTemporaryDir dir;
-    PortPair pair{dir.path()};
+    PortPair pair;
     QSerialPort instrument;
     bool open(Workstation& ws, int n);
 };
 
-struct Station {
+struct Station : testkit::Station {
     Station();
     ~Station();
-    testkit::ProgramFolder folder;
-    testkit::ScriptedDialogs dialogs;
-    testkit::WiredWorkstation ws{folder.path(), &dialogs};
-    QString job;
     // Every packet number the parser took, in order.
     std::vector<long> parsed;
     std::unique_ptr<Simulator> sim;

@@ -22,8 +22,7 @@ void ExpectFound(Station& st, int port) {
 } // namespace
 
 TEST(SerialLink, ScanFindsTheInstrumentOnPortTwentyAndPacketsArrive) {
-    QTemporaryDir dir;
-    PortPair pair(dir.path());
+    PortPair pair;
     Station st;
     ASSERT_TRUE(st.startSerialSimulator(pair, 20, {"--interval", "0.3", "--first-packet", "1"}));
     Simulator& sim = *st.sim;
@@ -55,8 +54,7 @@ TEST(SerialLink, ScanFindsTheInstrumentOnPortTwentyAndPacketsArrive) {
 }
 
 TEST(SerialLink, SuppressedEchoBoxSendsNoEchoOff) {
-    QTemporaryDir dir;
-    PortPair pair(dir.path());
+    PortPair pair;
     Station st;
     st.ws.fm_setup.ck_supp_echo.setChecked(true);
     ASSERT_TRUE(st.startSerialSimulator(pair, 4, {"--interval", "6"}));
@@ -131,4 +129,20 @@ TEST(SerialLink, ThePseudoTerminalThatComesAndGoesIsFoundEachTime) {
     const std::set<long> stored = st.stored();
     for (long p : stored) EXPECT_TRUE(sim.sent().count(p)) << p;
     EXPECT_GE(stored.size(), 9u);
+}
+
+TEST(SerialLink, AScanThatFindsNothingLeavesTheLastPortTriedAsItIs) {
+    // A device on port 20 that never answers: the scan ends on it and, as
+    // each probe closes only the port before it, leaves it open.
+    SerialEnds silent;
+    Station st;
+    ASSERT_TRUE(silent.pair.start());
+    st.ws.ports.place(20, silent.pair.workstationEnd());
+    st.startIntake();
+    acq::SerialFindKettlewick(st.ws);
+    EXPECT_FALSE(st.ws.link.Gdetector_found);
+    EXPECT_EQ(st.ws.link.Gcomm_port, 20);
+    EXPECT_TRUE(st.ws.MSComm1.PortOpen());
+    EXPECT_EQ(st.ws.fm_Gas_Chart.cmd_comm1.caption(), "Kettlewick Disconnected");
+    EXPECT_EQ(st.ws.fm_Gas_Chart.cmd_comm1.backColor(), forms::color::Red);
 }

@@ -4,6 +4,8 @@
 #include "acquisition/main_loop.h"
 #include "link_kit.h"
 
+#include <QTcpServer>
+#include <QTcpSocket>
 #include <gtest/gtest.h>
 
 using namespace linktest;
@@ -108,4 +110,53 @@ TEST(TcpLink, GarbageLosesNoGoodPacketAndWithoutKeepAliveOnlyTheLagDepthGoesBack
     }
     EXPECT_GE(CountLag(sim, " OK"), 5);
     EXPECT_EQ(sim.count("KEEPALIVE "), 0);
+}
+
+TEST(TcpLink, AReconnectKeepsAPartialLineWaitingForItsEnd) {
+    Station st;
+    QTcpServer server;
+    ASSERT_TRUE(server.listen(QHostAddress::LocalHost, 0));
+    st.useTcp(server.serverPort());
+    st.startIntake();
+    st.ws.timer("tmr_delay")->setInterval(10);
+    // The old connection brought the front of a packet, then went.
+    st.ws.packet.Gline_buffer = QStringLiteral("*1234,01/02/2026,10:00:00,4500,");
+    acq::winsock_connect(st.ws);
+    ASSERT_EQ(st.ws.link.Gsock_state, 7);
+    QTcpSocket* far = server.nextPendingConnection();
+    ASSERT_NE(far, nullptr);
+    far->write("12.5,3\r\n");
+    far->flush();
+    const auto& fields = st.ws.packet.Gombri_data_array;
+    EXPECT_TRUE(PumpUntil(2000, [&] { return fields[acq::GASUNITS] == "12.5"; }));
+    EXPECT_EQ(fields[acq::SERIALNUM], "1234");
+    EXPECT_EQ(fields[acq::DEPTH], "4500");
+}
+
+TEST(TcpLink, ACloseThatCannotFinishGivesUpAfterFourSeconds) {
+    Station st;
+    QTcpServer server;
+    ASSERT_TRUE(server.listen(QHostAddress::LocalHost, 0));
+    auto& sock = st.ws.Winsock_ombri;
+    sock.RemoteHost = QStringLiteral("127.0.0.1");
+    sock.RemotePort = server.serverPort();
+    sock.Connect();
+    ASSERT_TRUE(
+        PumpUntil(3000, [&] { return sock.State() == 7 && server.hasPendingConnections(); }));
+    // A far end that takes nothing: what the workstation sends stays on its
+    // way out, and the close can't finish.
+    QTcpSocket* far = server.nextPendingConnection();
+    far->setReadBufferSize(1);
+    acq::Winsock_state(st.ws);
+    sock.SendData(QString(32 << 20, QLatin1Char('x')));
+
+    int tenths = 0;
+    QTimer* delay = st.ws.timer("tmr_delay");
+    QObject::connect(delay, &QTimer::timeout, [&] { ++tenths; });
+    delay->setInterval(10);
+    delay->start();
+    acq::close_winsock(st.ws);
+    EXPECT_EQ(st.ws.link.Gsock_state, 8);
+    EXPECT_GE(tenths, 40);
+    EXPECT_LE(tenths, 44);
 }

@@ -1,40 +1,18 @@
 #pragma once
-// A workstation over a temporary program folder with a blank job named in
-// txt_db_path, and packets to feed its record writer.
+// The test station with a blank job named in txt_db_path, and packets to
+// feed its record writer.
 
-#include "program_folder.h"
-#include "scripted_dialogs.h"
 #include "store/lifecycle.h"
 #include "store/record_writer.h"
 #include "store_fixture.h"
-#include "workstation/workstation.h"
+#include "test_station.h"
 
-#include <QDir>
 #include <gtest/gtest.h>
 
 namespace storetest {
 
-struct Station {
-    testkit::ProgramFolder folder;
-    testkit::ScriptedDialogs dialogs;
-    testkit::WiredWorkstation ws{folder.path(), &dialogs};
-    QString job = folder.file("DB_CUE/JOB.DB");
-
-    explicit Station(bool makeJob = true) {
-        QDir().mkpath(folder.file("DB_CUE"));
-        if (makeJob) MakeJob(job);
-        ws.fm_Gas_Chart.txt_db_path.setText(job);
-    }
-
-    // Every line shown through the message box so far.
-    QStringList messages() const {
-        return ws.fm_Gas_Chart.txt_message.text().split("\r\n", Qt::SkipEmptyParts);
-    }
-    QString lastMessage() const {
-        const QStringList m = messages();
-        return m.isEmpty() ? QString() : m.last();
-    }
-    bool saw(const QString& text) const { return messages().contains(text); }
+struct Station : testkit::Station {
+    explicit Station(bool makeJob = true) : testkit::Station("JOB.DB", makeJob) {}
 
     // A packet with packet number n at 06:00:00 plus six seconds a packet.
     // Numeric field i holds "i.5", so a column shows which field it took.

@@ -1,24 +1,19 @@
 #pragma once
-// A whole workstation in a temporary program folder with its desktop built
-// over it, started as the program starts it.
+// The test station with its desktop built over it, started as the program
+// starts it.
 
 #include "acquisition/startup.h"
-#include "program_folder.h"
-#include "scripted_dialogs.h"
+#include "test_station.h"
 #include "ui/desktop.h"
 #include "ui/main_view.h"
 #include "ui/panel_window.h"
-#include "workstation/workstation.h"
 
 #include <QWidget>
 
 namespace uitest {
 
-struct Station {
-    testkit::ProgramFolder folder;
-    testkit::ScriptedDialogs dialogs;
-    testkit::WiredWorkstation ws{folder.path(), &dialogs};
-    // Declared last: the views go before the workstation.
+struct Station : testkit::Station {
+    // The views go before the workstation.
     ui::Desktop desktop;
     bool loaded = false;
 

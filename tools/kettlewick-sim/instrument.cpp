@@ -32,6 +32,9 @@ Instrument::Instrument(const Settings& s, Channel& channel)
         pending_.clear();
         replies_.clear();
         note(QStringLiteral("CONNECT"));
+        // The adapter's greeting: the workstation throws away whatever it
+        // held of the old connection when it reads this line.
+        if (s_.greet) ch_.write(QByteArrayLiteral("TCPCONNECT\r\n"));
         // A new listener hears the next sample within a second, as the
         // instrument's network side sends what it holds; the regular rhythm
         // goes on from there.

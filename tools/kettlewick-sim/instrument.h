@@ -19,6 +19,7 @@ struct Settings {
     bool relayWits = false; // a "^" line after each packet
     bool twoWayLogin = false;
     int replyGapMs = 250; // the console answers one line at a time
+    bool greet = false;   // "TCPCONNECT" to each new client before anything else
     QString logPath;
     drill::Options model;
 };

@@ -65,8 +65,11 @@ int main(int argc, char** argv) {
     const QCommandLineOption login("two-way-login", "Accept a well-formed login block.");
     const QCommandLineOption gap("reply-gap", "Milliseconds between console answers (250).", "MS",
                                  "250");
+    const QCommandLineOption greet("greet",
+                                   "Announce each new TCP client with a TCPCONNECT line, as the "
+                                   "instrument's network adapter does.");
     p.addOptions({tcp, pty, serial, interval, seed, depth, first, start, log, drop, garbage, wits,
-                  login, gap});
+                  login, gap, greet});
     p.process(app);
 
     sim::Settings s;
@@ -97,6 +100,7 @@ int main(int argc, char** argv) {
     s.relayWits = p.isSet(wits);
     s.twoWayLogin = p.isSet(login);
     s.replyGapMs = std::max(0, p.value(gap).toInt());
+    s.greet = p.isSet(greet);
 
     std::unique_ptr<sim::Channel> channel;
     if (p.isSet(tcp))

@@ -1,0 +1,14 @@
+#pragma once
+// The logging category of the alarm monitor: "gaschart.alarms". Turn it up with
+// QT_LOGGING_RULES="gaschart.alarms.debug=true".
+
+#include <QLoggingCategory>
+
+namespace alarms {
+
+inline const QLoggingCategory& lcAlarms() {
+    static const QLoggingCategory category("gaschart.alarms");
+    return category;
+}
+
+} // namespace alarms

@@ -1,0 +1,14 @@
+#pragma once
+// The logging category of the chromatograph runs: "gaschart.chromatograph". Turn it up with
+// QT_LOGGING_RULES="gaschart.chromatograph.debug=true".
+
+#include <QLoggingCategory>
+
+namespace chromatograph {
+
+inline const QLoggingCategory& lcChro() {
+    static const QLoggingCategory category("gaschart.chromatograph");
+    return category;
+}
+
+} // namespace chromatograph

@@ -1,0 +1,14 @@
+#pragma once
+// The logging category of the files made for others: "gaschart.products". Turn it up with
+// QT_LOGGING_RULES="gaschart.products.debug=true".
+
+#include <QLoggingCategory>
+
+namespace products {
+
+inline const QLoggingCategory& lcProducts() {
+    static const QLoggingCategory category("gaschart.products");
+    return category;
+}
+
+} // namespace products

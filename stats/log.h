@@ -1,0 +1,14 @@
+#pragma once
+// The logging category of the statistics and the tally: "gaschart.stats". Turn it up with
+// QT_LOGGING_RULES="gaschart.stats.debug=true".
+
+#include <QLoggingCategory>
+
+namespace stats {
+
+inline const QLoggingCategory& lcStats() {
+    static const QLoggingCategory category("gaschart.stats");
+    return category;
+}
+
+} // namespace stats
