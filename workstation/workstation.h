@@ -15,6 +15,7 @@
 #include "platform/dialogs.h"
 #include "platform/port_map.h"
 #include "platform/serial_link.h"
+#include "platform/sound.h"
 #include "platform/tcp_link.h"
 #include "workstation/alarm_state.h"
 #include "workstation/chart_state.h"
@@ -82,6 +83,8 @@ class Workstation {
     platform::SerialLink MSComm1{ports};
     platform::SerialLink MSComm2{ports};
     platform::TcpLink Winsock_ombri;
+    // The alarm sound.
+    platform::Sound sound;
 
     station::Services services;
 

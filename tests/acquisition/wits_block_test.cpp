@@ -3,9 +3,9 @@
 #include "acq_fixture.h"
 
 #include "acquisition/parser.h"
-#include "acquisition/wits_roles.h"
 #include "text/numbers.h"
 #include "wits/wits_file.h"
+#include "wits/wits_roles.h"
 
 using acqtest::AcqTest;
 
@@ -60,8 +60,9 @@ TEST_F(WitsBlock, EveryCodeOfTheRoleTableLandsInItsSlot) {
     parse(Block({Item(123, "-3.7")}));
     EXPECT_DOUBLE_EQ(ws.wits.Gwits_values[8], -3);
     // No row writes into 22 to 25: they are the custom channels'.
-    for (const auto& r : acq::WitsRoleTable()) {
-        EXPECT_TRUE(r.slot < acq::kFirstCustomSlot || r.slot > acq::kFirstCustomSlot + 3) << r.slot;
+    for (const auto& r : wits::WitsRoleTable()) {
+        EXPECT_TRUE(r.slot < wits::kFirstCustomSlot || r.slot > wits::kFirstCustomSlot + 3)
+            << r.slot;
     }
 }
 
