@@ -5,6 +5,7 @@
 #include "wits_fixture.h"
 
 #include "acquisition/parser.h"
+#include "acquisition/supervision.h"
 #include "db/schema.h"
 #include "pty_pair.h"
 #include "raw_db.h"
@@ -87,14 +88,14 @@ TEST_F(EndToEnd, TheRecorderStreamsAndGetsOneFramePerStoredPacket) {
     opt.startDepth = 5000;
     drill::Model model(opt);
     struct Made {
-        double depth, minFt, ftHr;
+        double depth, minFt, ftHr, gamma, inclination;
     };
     std::vector<Made> made;
     const int packets = 6;
     for (int i = 0; i < packets; ++i) {
         ws.packet.Gline_buffer = drill::Model::PacketLine(model.next());
         acq::Parse_Ombri_String(ws);
-        made.push_back({slot(1), ws.wits.WITS_min_ft, ws.wits.WITS_ft_hr});
+        made.push_back({slot(1), ws.wits.WITS_min_ft, ws.wits.WITS_ft_hr, slot(21), slot(15)});
         testkit::Pump(1200);
     }
     testkit::Pump(500);
@@ -108,6 +109,9 @@ TEST_F(EndToEnd, TheRecorderStreamsAndGetsOneFramePerStoredPacket) {
     const QStringList depth = column("DEPTH_RAW").split('|');
     const QStringList minFt = column("MIN_FT").split('|');
     const QStringList ftHr = column("FT_HR").split('|');
+    // The chart's assignable WITS columns come from the same slots.
+    const QStringList gamma = column("GAMMA").split('|');
+    const QStringList inclination = column("INCLINATION").split('|');
     ASSERT_EQ(gas.size(), packets);
     for (int i = 0; i < packets; ++i) {
         SCOPED_TRACE(frames[i]);
@@ -125,6 +129,9 @@ TEST_F(EndToEnd, TheRecorderStreamsAndGetsOneFramePerStoredPacket) {
         EXPECT_DOUBLE_EQ(std::abs(depth[i].toDouble()), made[size_t(i)].depth);
         EXPECT_DOUBLE_EQ(minFt[i].toDouble(), made[size_t(i)].minFt);
         EXPECT_DOUBLE_EQ(ftHr[i].toDouble(), made[size_t(i)].ftHr);
+        EXPECT_DOUBLE_EQ(gamma[i].toDouble(), made[size_t(i)].gamma);
+        EXPECT_DOUBLE_EQ(inclination[i].toDouble(), made[size_t(i)].inclination);
+        EXPECT_GT(made[size_t(i)].gamma, 0);
     }
     EXPECT_EQ(ws.wits.counts.framesSent, packets);
 }
@@ -148,6 +155,22 @@ TEST_F(EndToEnd, NoiseDroppedFramesAndAHugeLineAreCountedAndTheStreamGoesOn) {
     pair.stop();
     EXPECT_TRUE(testkit::PumpUntil(3000, [&] { return !ws.MSComm2.PortOpen(); }));
     EXPECT_EQ(ws.wits.counts.portLosses, 1);
+}
+
+TEST_F(EndToEnd, ASilentSpellRunsTheHealthCountDownAndTheStreamComesBack) {
+    connect({"--rate", "5", "--silent-at", "1", "--silent-for", "3"});
+    // The supervision's second, by hand: the count falls while nothing comes.
+    int lowest = 60;
+    for (int s = 0; s < 6; ++s) {
+        testkit::Pump(1000);
+        acq::SuperviseWits(ws);
+        lowest = std::min(lowest, ws.wits.Gwits_alive);
+    }
+    EXPECT_EQ(sim->count("SILENT"), 1);
+    EXPECT_EQ(sim->count("TALKING"), 1);
+    EXPECT_LE(lowest, 58);
+    EXPECT_TRUE(testkit::PumpUntil(1000, [&] { return ws.wits.Gwits_alive == 60; }));
+    EXPECT_EQ(ws.fm_WITS.cmd_Search_For_WITS.backColor(), forms::color::Green);
 }
 
 } // namespace

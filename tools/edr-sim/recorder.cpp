@@ -67,7 +67,10 @@ void Recorder::send(const QString& text) {
 void Recorder::tick() {
     ++frames_;
     if (frames_ % samplesEvery_ == 0) sample_ = model_.next();
-    if (silent()) return;
+    const bool quiet = silent();
+    if (quiet != wasSilent_) note(quiet ? QStringLiteral("SILENT") : QStringLiteral("TALKING"));
+    wasSilent_ = quiet;
+    if (quiet) return;
     if (s_.dropEvery > 0 && frames_ % s_.dropEvery == 0) {
         note(QStringLiteral("DROPPED %1").arg(frames_));
         return;

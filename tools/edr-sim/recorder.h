@@ -52,6 +52,7 @@ class Recorder {
     long samplesEvery_ = 6; // frames per model sample (six seconds)
     qint64 startMs_ = 0;
     long received_ = 0;
+    bool wasSilent_ = false;
 };
 
 } // namespace edr
