@@ -6,11 +6,10 @@
 #include "acquisition/parser.h"
 
 #include "acquisition/live_fields.h"
-#include "acquisition/wits_roles.h"
 #include "store/record_writer.h"
 #include "text/numbers.h"
-#include "wits/wits_file.h"
 #include "wits/wits_link.h"
+#include "wits/wits_roles.h"
 #include "workstation/help_box.h"
 #include "workstation/workstation.h"
 
@@ -195,11 +194,6 @@ void HealthLine(Workstation& ws, const QString& buf, Hit hit, int&) {
     }
 }
 
-QString WitsDisplayLine(Workstation& ws, int code, double value) {
-    const QString four = (code < 1000 ? "0" : "") + QString::number(code);
-    return four + "  " + wits::WitsItemName(ws, code) + "  " + text::Str(value);
-}
-
 void WitsBlock(Workstation& ws, const QString& buf, Hit hit, int& pt) {
     // The count is taken over the whole buffer, not the line: a short block
     // followed by other text still passes.
@@ -217,20 +211,13 @@ void WitsBlock(Workstation& ws, const QString& buf, Hit hit, int& pt) {
         ++pt;
         const int code = text::CInt(text::Val(QStringView(item).left(4)));
         const double value = text::Val(QStringView(item).mid(4));
-        list.addItem(WitsDisplayLine(ws, code, value));
+        list.addItem(wits::WitsDisplayLine(ws, code, value));
         if (code == 108) ws.more_data.lbl_bit_depth.setCaption(text::Format(value, u"0.0"));
         ++pt;
-        StoreWitsItem(ws, code, value);
+        wits::StoreWitsItem(ws, code, value);
     }
     ++pt;
-    auto& pumps = ws.fm_Gas_Chart.cmd_pumps;
-    if (ws.wits.Gspm > 0) {
-        pumps.setCaption(text::Format(ws.wits.Gspm, u"0") + " SPM");
-        pumps.setBackColor(Green);
-    } else {
-        pumps.setCaption("Pumps Off");
-        pumps.setBackColor(Red);
-    }
+    wits::ShowPumps(ws);
     ++pt;
     // Saved before the stream is marked alive: the first block after an
     // outage saves nothing.

@@ -92,6 +92,11 @@ class Control {
         items_.append(line);
         emit(Prop::Items);
     }
+    void setItem(int i, const QString& line) {
+        if (i < 0 || i >= items_.size() || items_[i] == line) return;
+        items_[i] = line;
+        emit(Prop::Items);
+    }
     void clearItems() {
         if (items_.isEmpty()) return;
         items_.clear();

@@ -5,6 +5,7 @@
 #include "ui/option_group.h"
 
 #include <QAbstractButton>
+#include <QAbstractScrollArea>
 #include <QButtonGroup>
 #include <QComboBox>
 #include <QEvent>
@@ -81,13 +82,29 @@ class Link : public QObject {
             if (self) self->apply(p);
         });
         connectWidget();
-        if (ev_.click || ev_.key || ev_.commit || ev_.leave) w->installEventFilter(this);
+        if (ev_.click || ev_.key || ev_.commit || ev_.leave || ev_.dblClick)
+            w->installEventFilter(this);
+        // A text box takes its mouse events in the viewport inside it.
+        if (ev_.dblClick)
+            if (auto* area = qobject_cast<QAbstractScrollArea*>(w)) {
+                viewport_ = area->viewport();
+                viewport_->installEventFilter(this);
+            }
     }
 
   protected:
     bool eventFilter(QObject* watched, QEvent* e) override {
+        if (watched == viewport_ && viewport_ && e->type() == QEvent::MouseButtonDblClick) {
+            if (static_cast<QMouseEvent*>(e)->button() == Qt::LeftButton)
+                safeCall(ev_.dblClick, w_->objectName());
+            return false;
+        }
         if (watched != w_) return false;
         switch (e->type()) {
+        case QEvent::MouseButtonDblClick:
+            if (ev_.dblClick && static_cast<QMouseEvent*>(e)->button() == Qt::LeftButton)
+                safeCall(ev_.dblClick, w_->objectName());
+            return false;
         case QEvent::KeyPress: {
             if (!ev_.key) return false;
             const QString typed = static_cast<QKeyEvent*>(e)->text();
@@ -126,6 +143,7 @@ class Link : public QObject {
     QString labelWords() const { return c_->caption().isEmpty() ? c_->text() : c_->caption(); }
 
     QWidget* w_;
+    QWidget* viewport_ = nullptr;
     forms::Control* c_;
     Events ev_;
     bool applying_ = false;

@@ -26,6 +26,8 @@ struct Events {
     std::function<void()> commit = {};
     // Each edit of a text box by the operator.
     std::function<void()> change = {};
+    // A double click with the left button.
+    std::function<void()> dblClick = {};
     // A typed character; a widget with this handler does not show what is
     // typed (the live terminal shows only what comes back).
     std::function<void(QChar)> key = {};

@@ -5,17 +5,19 @@
 #include "acquisition/job_buttons.h"
 #include "acquisition/link.h"
 #include "acquisition/viewer.h"
+#include "alarms/alarm_monitor.h"
 #include "config/setup_handlers.h"
 #include "depth/lag.h"
 #include "forms/panel.h"
 #include "store/lifecycle.h"
+#include "wits/wits_link.h"
 #include "workstation/workstation.h"
 
 namespace ui {
 
 namespace {
 
-enum class On { Click, Enter, Leave, Commit, Change, Key };
+enum class On { Click, DblClick, Enter, Leave, Commit, Change, Key };
 
 using Plain = void (*)(Workstation&);
 using Indexed = void (*)(Workstation&, int);
@@ -48,6 +50,7 @@ constexpr const char* kMain = "fm_Gas_Chart";
 constexpr const char* kSetup = "fm_setup";
 constexpr const char* kViewer = "more_data";
 constexpr const char* kLogin = "fm_secure";
+constexpr const char* kWits = "fm_WITS";
 
 // Control name -> handler. A control whose handler is still to come simply
 // has no row yet: its widget shows and edits the model, and a press does
@@ -108,6 +111,18 @@ const Route kRoutes[] = {
     route(kSetup, "lbl_c3_color", On::Click, &config::lbl_color_Click, 2),
     route(kSetup, "lbl_ic4_color", On::Click, &config::lbl_color_Click, 3),
     route(kSetup, "lbl_nc4_color", On::Click, &config::lbl_color_Click, 4),
+    // The alarm settings.
+    route(kSetup, "ch_next_ft", On::Click, &alarms::ch_next_ft_Click),
+    route(kSetup, "ck_long_ft", On::Click, &alarms::ck_long_ft_Click),
+    route(kSetup, "ck_high_gu", On::Click, &alarms::ck_high_gu_Click),
+    route(kSetup, "ck_timedate", On::Click, &alarms::ck_timedate_Click),
+    route(kSetup, "ck_drill_off", On::Click, &alarms::ck_drill_off_Click),
+    route(kSetup, "cmd_browse_wav", On::Click, &alarms::cmd_browse_wav_Click),
+    route(kSetup, "wav_test", On::Click, &alarms::wav_test_Click),
+    // The local WITS link.
+    route(kWits, "ck_Use_Local_WITS", On::Click, &wits::ck_Use_Local_WITS_Click),
+    route(kWits, "cmd_Search_For_WITS", On::Click, &wits::cmd_Search_For_WITS_Click),
+    route(kWits, "txt_Raw_WITS_Out", On::DblClick, &wits::txt_Raw_WITS_Out_DblClick),
     // The data viewer: the live terminal and the two links at its foot.
     route(kViewer, "text_window", &acq::text_window_KeyPress),
     route(kViewer, "lbl_open_errors", On::Click, &acq::lbl_open_errors_Click),
@@ -150,6 +165,9 @@ Events eventsFor(Workstation& ws, const forms::Panel& panel, const forms::Contro
         switch (r.on) {
         case On::Click:
             add(ev.click, std::move(fn));
+            break;
+        case On::DblClick:
+            add(ev.dblClick, std::move(fn));
             break;
         case On::Enter:
             add(ev.enter, std::move(fn));

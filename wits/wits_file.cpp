@@ -61,7 +61,7 @@ void LoadWitsFile(Workstation& ws) {
 }
 
 QString WitsItemName(const Workstation& ws, int code) {
-    QString name = QStringLiteral("Unknown");
+    QString name = kUnknownItem;
     // The last entry of a code wins, so a rig's own line added at the end
     // overrides the standard name.
     for (int i = 0; i < ws.wits.itemCount; ++i)

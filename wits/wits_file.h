@@ -7,6 +7,8 @@ class Workstation;
 
 namespace wits {
 
+inline const QString kUnknownItem = QStringLiteral("Unknown");
+
 void LoadWitsFile(Workstation& ws);
 // The name of an item code, or "Unknown".
 QString WitsItemName(const Workstation& ws, int code);

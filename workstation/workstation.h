@@ -15,6 +15,7 @@
 #include "platform/dialogs.h"
 #include "platform/port_map.h"
 #include "platform/serial_link.h"
+#include "platform/sound.h"
 #include "platform/tcp_link.h"
 #include "workstation/alarm_state.h"
 #include "workstation/chart_state.h"
@@ -88,6 +89,8 @@ class Workstation {
     // The instrument is there: found on the open serial port, or the socket
     // connected when the intake last looked (Gsock_state).
     bool instrumentConnected() const;
+    // The alarm sound.
+    platform::Sound sound;
 
     station::Services services;
 

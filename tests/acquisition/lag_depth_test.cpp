@@ -27,7 +27,7 @@ TEST_F(LagDepthAnswer, OnTheSerialLineEachPacketIsAnsweredWithoutKeepAlive) {
     acqtest::PtyPair pty;
     ASSERT_NO_FATAL_FAILURE(openSerial(pty, 3));
     QSerialPort instrument;
-    instrument.setPortName(pty.instrumentEnd());
+    instrument.setPortName(pty.farEnd());
     ASSERT_TRUE(instrument.open(QIODevice::ReadWrite));
     ws.depth.Glag_depth_now = 1234.5;
     instrument.write("*KW1,03/05/2024,14:00:00,1500\r\n");

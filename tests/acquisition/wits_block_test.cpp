@@ -3,9 +3,9 @@
 #include "acq_fixture.h"
 
 #include "acquisition/parser.h"
-#include "acquisition/wits_roles.h"
 #include "text/numbers.h"
 #include "wits/wits_file.h"
+#include "wits/wits_roles.h"
 
 using acqtest::AcqTest;
 

@@ -1,8 +1,8 @@
 // WITSconfig_V10.txt: the shipped file and the rules of the file form.
 #include "acq_fixture.h"
 
-#include "acquisition/wits_roles.h"
 #include "wits/wits_file.h"
+#include "wits/wits_roles.h"
 
 #include <QDir>
 #include <QFile>
@@ -27,7 +27,7 @@ TEST_F(WitsFile, TheShippedFileNamesEveryStandardCodeOfTheRoleTable) {
     EXPECT_LE(ws.wits.itemCount, 250);
     // Every code of the role table from the records the file carries has a
     // name; the 63xx codes are a rig's own and read "Unknown".
-    for (const auto& role : acq::WitsRoleTable())
+    for (const auto& role : wits::WitsRoleTable())
         for (int code : role.codes) {
             if (code == 0) continue;
             if (code >= 6300)

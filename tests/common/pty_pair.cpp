@@ -9,10 +9,10 @@ namespace testkit {
 bool PtyPair::start() {
     QDir().mkpath(dir_);
     proc_.start("socat", {"pty,raw,echo=0,link=" + workstationEnd(),
-                          "pty,raw,echo=0,link=" + instrumentEnd()});
+                          "pty,raw,echo=0,link=" + farEnd()});
     if (!proc_.waitForStarted(3000)) return false;
     for (int i = 0; i < 100; ++i) {
-        if (QFileInfo::exists(workstationEnd()) && QFileInfo::exists(instrumentEnd())) return true;
+        if (QFileInfo::exists(workstationEnd()) && QFileInfo::exists(farEnd())) return true;
         QThread::msleep(30);
     }
     return false;

@@ -1,6 +1,7 @@
 #pragma once
 // A real serial line for the tests: a socat pair of pseudo-terminals, one end
-// for the workstation's port, the other for whoever plays the instrument.
+// for the workstation's port, the other (the far end) for whoever plays the
+// instrument or the rig recorder.
 
 #include <QProcess>
 #include <QString>
@@ -17,7 +18,7 @@ class PtyPair {
     bool start();
     void stop();
     QString workstationEnd() const { return dir_ + "/ws"; }
-    QString instrumentEnd() const { return dir_ + "/kw"; }
+    QString farEnd() const { return dir_ + "/kw"; }
 
   private:
     QTemporaryDir own_;

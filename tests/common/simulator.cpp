@@ -31,9 +31,13 @@ QString SimPath() {
     return QStringLiteral(GASCHART_BINARY_DIR "/kettlewick-sim");
 }
 
+QString EdrSimPath() {
+    return QStringLiteral(GASCHART_BINARY_DIR "/edr-sim");
+}
+
 bool Simulator::start(const QStringList& args) {
     proc_.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    proc_.start(SimPath(), args + QStringList{"--log", log_});
+    proc_.start(program_, args + QStringList{"--log", log_});
     if (!proc_.waitForStarted(5000)) return false;
     // It says so once the wire is up.
     return PumpUntil(5000, [this] { return proc_.canReadLine() || count("READY") > 0; });

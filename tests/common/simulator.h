@@ -17,10 +17,13 @@ void Pump(int ms);
 bool PumpUntil(int ms, const std::function<bool()>& done);
 
 QString SimPath();
+// The rig data recorder simulator beside it.
+QString EdrSimPath();
 
 class Simulator {
   public:
-    explicit Simulator(QString logPath) : log_(std::move(logPath)) {}
+    explicit Simulator(QString logPath, QString program = SimPath())
+        : log_(std::move(logPath)), program_(std::move(program)) {}
     ~Simulator() { stop(); }
     // Starts it with args (and its log) and waits until its wire is up.
     bool start(const QStringList& args);
@@ -34,6 +37,7 @@ class Simulator {
 
   private:
     QString log_;
+    QString program_;
     QProcess proc_;
 };
 

@@ -57,7 +57,7 @@ bool Station::startTcpSimulator(const QStringList& args) {
 bool Station::startSerialSimulator(PortPair& pair, int n, const QStringList& args) {
     if (!pair.start()) return false;
     sim = std::make_unique<Simulator>(folder.file("sim.log"));
-    if (!sim->start(QStringList{"--serial", pair.instrumentEnd()} + args)) return false;
+    if (!sim->start(QStringList{"--serial", pair.farEnd()} + args)) return false;
     ws.ports.place(n, pair.workstationEnd());
     startIntake();
     return true;
@@ -74,7 +74,7 @@ bool SerialEnds::open(Workstation& ws, int n) {
     ws.ports.place(n, pair.workstationEnd());
     ws.MSComm1.CommPort = n;
     if (ws.MSComm1.SetPortOpen(true) != 0) return false;
-    instrument.setPortName(pair.instrumentEnd());
+    instrument.setPortName(pair.farEnd());
     return instrument.open(QIODevice::ReadWrite);
 }
 

@@ -6,10 +6,12 @@
 #include "ui/option_group.h"
 
 #include <QCheckBox>
+#include <QCoreApplication>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMouseEvent>
 #include <QPlainTextEdit>
 #include <QProgressBar>
 #include <QPushButton>
@@ -314,4 +316,26 @@ TEST(Binder, AHandlerThatThrowsDoesNotTakeTheScreenDown) {
     EXPECT_NO_THROW(b->click());
     EXPECT_NO_THROW(b->click());
     EXPECT_EQ(after, 2);
+}
+
+TEST(Binder, ADoubleClickOnATextAreaReachesItsHandlerAndASingleOneDoesNot) {
+    Host host;
+    Control c("txt_Raw_WITS_Out");
+    auto* t = new QPlainTextEdit(&host.window);
+    t->setReadOnly(true);
+    int clicks = 0;
+    ui::bind(t, c, {.dblClick = [&] { ++clicks; }});
+    QWidget* area = t->viewport();
+    const QPointF at(5, 5);
+    auto send = [&](QEvent::Type type, Qt::MouseButton b) {
+        QMouseEvent e(type, at, area->mapToGlobal(at), b, b, Qt::NoModifier);
+        QCoreApplication::sendEvent(area, &e);
+    };
+    send(QEvent::MouseButtonPress, Qt::LeftButton);
+    send(QEvent::MouseButtonRelease, Qt::LeftButton);
+    EXPECT_EQ(clicks, 0);
+    send(QEvent::MouseButtonDblClick, Qt::LeftButton);
+    EXPECT_EQ(clicks, 1);
+    send(QEvent::MouseButtonDblClick, Qt::RightButton);
+    EXPECT_EQ(clicks, 1);
 }

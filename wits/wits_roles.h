@@ -7,7 +7,7 @@
 
 class Workstation;
 
-namespace acq {
+namespace wits {
 
 struct WitsRole {
     int slot;
@@ -24,4 +24,4 @@ constexpr int kFirstCustomSlot = 22;
 // 300 seconds.
 void StoreWitsItem(Workstation& ws, int code, double value);
 
-} // namespace acq
+} // namespace wits

@@ -1,9 +1,9 @@
-#include "acquisition/wits_roles.h"
+#include "wits/wits_roles.h"
 
 #include "text/numbers.h"
 #include "workstation/workstation.h"
 
-namespace acq {
+namespace wits {
 
 const std::vector<WitsRole>& WitsRoleTable() {
     static const std::vector<WitsRole> table = {
@@ -50,4 +50,4 @@ void StoreWitsItem(Workstation& ws, int code, double value) {
     }
 }
 
-} // namespace acq
+} // namespace wits

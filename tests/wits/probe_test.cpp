@@ -1,0 +1,210 @@
+// Finding the recorder: the search of the serial ports with its probe frame,
+// the search button's colours as the health count falls, the switch between
+// the local and the relayed stream, and the aggressive reconnect.
+#include "wits_fixture.h"
+
+#include "acquisition/parser.h"
+#include "acquisition/supervision.h"
+#include "pty_pair.h"
+#include "simulator.h"
+
+#include <QElapsedTimer>
+#include <QSerialPort>
+
+using forms::color::Green;
+using forms::color::Red;
+using forms::color::Yellow;
+using witstest::WitsTest;
+
+namespace {
+
+class Probe : public WitsTest {
+  protected:
+    Probe() {
+        ws.ports.setScanDevices(false);
+        // The search waits on these two, as in the program.
+        ws.timer("tmr_Serial_WITS")->start();
+        ws.timer("tmr_WITSDataArrival")->start();
+    }
+    ~Probe() override {
+        ws.closing = true;
+        ws.StopTimers();
+        ws.MSComm2.SetPortOpen(false);
+    }
+    // A recorder on port n that answers whatever it hears with a frame, or
+    // stays silent.
+    void recorderOn(int n, bool answers) {
+        ASSERT_TRUE(pair.start()) << "socat gave no port pair";
+        ws.ports.place(n, pair.workstationEnd());
+        edr.setPortName(pair.farEnd());
+        ASSERT_TRUE(edr.open(QIODevice::ReadWrite));
+        if (!answers) return;
+        QObject::connect(&edr, &QSerialPort::readyRead, &edr, [this] {
+            heard += edr.readAll();
+            edr.write(
+                ("\r\n" + wits::Frame({{108, "4999.5"}, {110, "5000.5"}, {123, "60"}})).toLatin1());
+        });
+    }
+    auto& button() { return ws.fm_WITS.cmd_Search_For_WITS; }
+    testkit::PtyPair pair;
+    QSerialPort edr;
+    QByteArray heard;
+};
+
+TEST_F(Probe, TheSearchFindsTheRecorderThatAnswersTheProbe) {
+    recorderOn(3, true);
+    ws.fm_WITS.ck_Use_Local_WITS.setChecked(true);
+    wits::ck_Use_Local_WITS_Click(ws);
+    EXPECT_EQ(button().backColor(), Green);
+    EXPECT_EQ(button().caption(), "WITS CONNECTED ON SERIAL PORT: 3");
+    EXPECT_EQ(ws.wits.WITS_port, 3);
+    EXPECT_TRUE(ws.MSComm2.PortOpen());
+    EXPECT_EQ(ws.MSComm2.Settings, "9600,n,8,1");
+    EXPECT_EQ(ws.wits.Gwits_alive, 60);
+    // The probe: a blank line, then a frame with one unset item.
+    EXPECT_TRUE(heard.startsWith("\r\n&&\r\n0111-9999\r\n!!\r\n")) << heard.constData();
+    for (auto* c : {&ws.fm_WITS.cmd_Search_For_WITS, &ws.fm_WITS.txt_WITS_baudrate,
+                    &ws.fm_WITS.txt_Raw_WITS_In, &ws.fm_WITS.txt_Raw_WITS_Out})
+        EXPECT_TRUE(c->enabled()) << c->name().toStdString();
+
+    // The stream then flows through the arrival tick into the slots.
+    edr.write(("\r\n" + wits::Frame({{110, "5001.5"}, {124, "40"}})).toLatin1());
+    ASSERT_TRUE(testkit::PumpUntil(3000, [&] { return ws.wits.Gwits_values[1] == 5001.5; }));
+    EXPECT_DOUBLE_EQ(ws.wits.Gwits_values[9], 40);
+    EXPECT_TRUE(ws.fm_WITS.txt_Raw_WITS_In.text().startsWith("WITS IN\r\n"));
+    EXPECT_TRUE(ws.fm_WITS.txt_Raw_WITS_In.text().contains("01105001.5"));
+
+    // Unticked: the port closes, the count is left one second to live, the
+    // button is back to its face, the four controls go grey.
+    ws.fm_WITS.ck_Use_Local_WITS.setChecked(false);
+    wits::ck_Use_Local_WITS_Click(ws);
+    EXPECT_FALSE(ws.MSComm2.PortOpen());
+    EXPECT_EQ(ws.wits.Gwits_alive, 1);
+    EXPECT_EQ(ws.wits.WITS_port, 1);
+    EXPECT_TRUE(ws.wits.WITS_in_buffer.isEmpty());
+    EXPECT_EQ(button().backColor(), forms::color::Button);
+    EXPECT_EQ(button().caption(), "SEARCH FOR AND OPEN WITS PORT");
+    EXPECT_FALSE(ws.fm_WITS.txt_Raw_WITS_Out.enabled());
+}
+
+TEST_F(Probe, ASilentPortIsGivenThreeSecondsAPassAndTheSearchGivesUp) {
+    recorderOn(2, false);
+    ws.fm_WITS.ck_Use_Local_WITS.setChecked(true);
+    QElapsedTimer took;
+    took.start();
+    wits::SerialFindWITS(ws);
+    // Three passes, three seconds each on the one port that opens.
+    EXPECT_GE(took.elapsed(), 8000);
+    EXPECT_EQ(ws.wits.Gwits_alive, 1);
+    EXPECT_EQ(button().backColor(), Red);
+    EXPECT_EQ(button().caption(), "UNABLE TO FIND WITS PORT");
+    EXPECT_FALSE(ws.MSComm2.PortOpen());
+    // It was asked three times.
+    edr.waitForReadyRead(100);
+    EXPECT_EQ(edr.readAll().count("0111-9999"), 3);
+}
+
+TEST_F(Probe, WithTheBoxClearEveryPortIsSkipped) {
+    recorderOn(1, true);
+    wits::SerialFindWITS(ws);
+    EXPECT_EQ(button().caption(), "UNABLE TO FIND WITS PORT");
+    EXPECT_FALSE(ws.MSComm2.PortOpen());
+    EXPECT_TRUE(heard.isEmpty());
+}
+
+TEST_F(Probe, TheButtonFollowsTheHealthCount) {
+    ws.timer("tmr_Serial_WITS")->stop();
+    ws.fm_WITS.ck_Use_Local_WITS.setChecked(true);
+    ws.wits.WITS_port = 7;
+    struct Step {
+        int alive;
+        long color;
+        const char* caption;
+    };
+    const Step steps[] = {
+        {60, Green, "WITS CONNECTED ON SERIAL PORT: 7"},
+        {21, Green, "WITS CONNECTED ON SERIAL PORT: 7"},
+        {9, Green, "WITS CONNECTED ON SERIAL PORT: 7"},
+        {8, Yellow, "WITS MAYBE ON SERIAL PORT: 7"},
+        {5, Yellow, "WITS MAYBE ON SERIAL PORT: 7"},
+        {2, Red, "WITS USED TO BE ON SERIAL PORT: 7"},
+        {0, Red, "WITS USED TO BE ON SERIAL PORT: 7"},
+        {20, Red, "WITS USED TO BE ON SERIAL PORT: 7"},
+        {21, Green, "WITS CONNECTED ON SERIAL PORT: 7"},
+    };
+    for (const Step& s : steps) {
+        ws.wits.Gwits_alive = s.alive;
+        wits::tmr_Serial_WITS_Timer(ws);
+        EXPECT_EQ(button().backColor(), s.color) << s.alive;
+        EXPECT_EQ(button().caption(), s.caption) << s.alive;
+    }
+    // The probe countdown runs down to 0 and stays there.
+    ws.wits.WITS_probe_countdown = 2;
+    for (int i = 0; i < 3; ++i) wits::tmr_Serial_WITS_Timer(ws);
+    EXPECT_EQ(ws.wits.WITS_probe_countdown, 0);
+    // With the box clear the button is left alone.
+    ws.fm_WITS.ck_Use_Local_WITS.setChecked(false);
+    ws.wits.Gwits_alive = 8;
+    wits::tmr_Serial_WITS_Timer(ws);
+    EXPECT_EQ(button().backColor(), Green);
+}
+
+TEST_F(Probe, TheReconnectTickSearchesOnlyWhenAskedAndTheStreamIsDead) {
+    recorderOn(5, true);
+    struct Case {
+        bool local;
+        bool keep;
+        int alive;
+        bool searches;
+    };
+    const Case cases[] = {
+        {true, false, 0, false},
+        {false, true, 0, false},
+        {true, true, 3, false},
+        {true, true, 0, true},
+    };
+    for (const Case& c : cases) {
+        ws.MSComm2.SetPortOpen(false);
+        ws.fm_WITS.ck_Use_Local_WITS.setChecked(c.local);
+        ws.fm_WITS.ck_KeepWITSConnected.setChecked(c.keep);
+        ws.wits.Gwits_alive = c.alive;
+        ws.more_data.wits_info.addItem("0110  Hole Depth  1");
+        wits::tmr_Keep_WITS_Connected_Timer(ws);
+        EXPECT_EQ(ws.MSComm2.PortOpen(), c.searches);
+        // The list is cleared in any case.
+        EXPECT_TRUE(ws.more_data.wits_info.items().isEmpty());
+    }
+}
+
+TEST_F(Probe, LocalAndRelayedStreamsFillTheSameSlotsAndSwitchWithoutARestart) {
+    // Relayed by the instrument first.
+    ws.packet.Gline_buffer = "^h0,h1,h2,h3,h4,01084000.5,01104001.5\r\n";
+    acq::Parse_Ombri_String(ws);
+    EXPECT_DOUBLE_EQ(ws.wits.Gwits_values[1], 4001.5);
+    EXPECT_EQ(ws.wits.Gwits_alive, 60);
+
+    // The local stream takes over.
+    recorderOn(6, true);
+    ws.fm_WITS.ck_Use_Local_WITS.setChecked(true);
+    wits::ck_Use_Local_WITS_Click(ws);
+    ASSERT_EQ(button().backColor(), Green);
+    EXPECT_DOUBLE_EQ(ws.wits.Gwits_values[1], 5000.5);
+    EXPECT_DOUBLE_EQ(ws.wits.Gwits_values[8], 60);
+
+    // And back: the local port closes, the count runs out within a second
+    // unless the instrument's block comes, which brings it back to 60.
+    ws.fm_WITS.ck_Use_Local_WITS.setChecked(false);
+    wits::ck_Use_Local_WITS_Click(ws);
+    acq::SuperviseWits(ws);
+    EXPECT_EQ(ws.wits.Gwits_alive, 0);
+    ws.packet.Gline_buffer = "^h0,h1,h2,h3,h4,01084100.5,01104101.5\r\n";
+    acq::Parse_Ombri_String(ws);
+    EXPECT_DOUBLE_EQ(ws.wits.Gwits_values[1], 4101.5);
+    EXPECT_EQ(ws.wits.Gwits_alive, 60);
+    // Frames still arriving on the closed local port go nowhere.
+    edr.write(("\r\n" + wits::Frame({{110, "9999.5"}})).toLatin1());
+    testkit::Pump(500);
+    EXPECT_DOUBLE_EQ(ws.wits.Gwits_values[1], 4101.5);
+}
+
+} // namespace

@@ -1,0 +1,167 @@
+// The frame of gas results sent back to the recorder: what it holds, when it
+// is made, and when the one-second tick lets it go.
+#include "wits_fixture.h"
+
+#include "acquisition/parser.h"
+#include "pty_pair.h"
+#include "simulator.h"
+#include "workstation/packet_state.h"
+
+#include <QSerialPort>
+
+using witstest::WitsTest;
+
+namespace {
+
+class Transmit : public WitsTest {
+  protected:
+    void setFields(std::initializer_list<std::pair<int, const char*>> f) {
+        for (const auto& [i, v] : f) ws.packet.Gombri_data_array[i] = v;
+    }
+    // The workstation's MSComm2 on one end of a socat pair, the test holding
+    // the recorder's end.
+    void openPort() {
+        ASSERT_TRUE(pair.start()) << "socat gave no port pair";
+        ws.ports.setScanDevices(false);
+        ws.ports.place(4, pair.workstationEnd());
+        ws.MSComm2.CommPort = 4;
+        ws.MSComm2.Settings = "9600,n,8,1";
+        ASSERT_EQ(ws.MSComm2.SetPortOpen(true), 0);
+        edr.setPortName(pair.farEnd());
+        ASSERT_TRUE(edr.open(QIODevice::ReadWrite));
+    }
+    // What reached the recorder's end within ms.
+    QByteArray heard(int ms = 400) {
+        QByteArray got;
+        testkit::PumpUntil(ms, [&] {
+            edr.waitForReadyRead(10);
+            got += edr.readAll();
+            return false;
+        });
+        return got;
+    }
+    testkit::PtyPair pair;
+    QSerialPort edr;
+};
+
+TEST_F(Transmit, TheFrameHoldsLagDepthAndTheGasFieldsAsSentWithCrLf) {
+    using namespace acq;
+    ws.depth.Glag_depth_now = 4987.25;
+    setFields({{GASUNITS, "123.46"},
+               {C1, "1000"},
+               {C2, "200.5"},
+               {C3, "30.04"},
+               {IC4, "4"},
+               {NC4, "5"},
+               {IC5, "0.65"},
+               {NC5, "-7"},
+               {CO2, "0.1"},
+               {O2, "20.9"},
+               {H2S, " "}});
+    wits::Send_Serial_WITS(ws);
+    EXPECT_EQ(ws.wits.WITS_out_frame, "&&\r\n"
+                                      "01394987.3\r\n"
+                                      "0140123.5\r\n"
+                                      "12121000.0\r\n"
+                                      "1213200.5\r\n"
+                                      "121430.0\r\n"
+                                      "12154.0\r\n"
+                                      "12165.0\r\n"
+                                      "12170.7\r\n"
+                                      "1218-7.0\r\n"
+                                      "12220.1\r\n"
+                                      "122520.9\r\n"
+                                      "1826 \r\n"
+                                      "!!\r\n");
+    // Text that is no number goes out as it came; an empty field as nothing.
+    setFields({{H2S, "n/a"}, {O2, ""}});
+    wits::Send_Serial_WITS(ws);
+    EXPECT_TRUE(ws.wits.WITS_out_frame.contains("\r\n1826n/a\r\n"));
+    EXPECT_TRUE(ws.wits.WITS_out_frame.contains("\r\n1225\r\n"));
+    EXPECT_EQ(ws.wits.counts.framesReplaced, 1);
+}
+
+TEST_F(Transmit, APacketMakesAFrameOnlyWithLocalWitsOnAndAlive) {
+    using namespace acq;
+    struct Case {
+        bool local;
+        int alive;
+        bool frame;
+    };
+    const Case cases[] = {{false, 60, false}, {true, 0, false}, {true, 1, true}, {true, 60, true}};
+    ws.wits.Gwits_values[1] = 5123.5;
+    ws.wits.WITS_min_ft = 2.5;
+    ws.wits.WITS_ft_hr = 24;
+    for (const Case& c : cases) {
+        ws.fm_WITS.ck_Use_Local_WITS.setChecked(c.local);
+        ws.wits.Gwits_alive = c.alive;
+        ws.wits.WITS_out_frame.clear();
+        ws.packet.Gline_buffer = "*KW1,03/05/2024,14:07:09,5000,77.7,20.9,0.1\r\n";
+        acq::Parse_Ombri_String(ws);
+        SCOPED_TRACE(testing::Message() << c.local << " " << c.alive);
+        EXPECT_EQ(!ws.wits.WITS_out_frame.isEmpty(), c.frame);
+        if (c.frame) {
+            EXPECT_TRUE(ws.wits.WITS_out_frame.contains("\r\n014077.7\r\n"));
+            // The packet took its depth and rates from the local stream.
+            EXPECT_EQ(ws.packet.Gombri_data_array[DEPTH], "5123.5");
+            EXPECT_EQ(ws.packet.Gombri_data_array[MINFT], "2.5");
+            EXPECT_EQ(ws.packet.Gombri_data_array[FTHR], "24");
+        } else {
+            EXPECT_EQ(ws.packet.Gombri_data_array[DEPTH], "5000");
+        }
+    }
+}
+
+TEST_F(Transmit, TheTickSendsTheNewestFrameOnlyWhileTheRecorderIsHeard) {
+    openPort();
+    wits::tmr_WITSDataArrival_Timer(ws);
+    // Nothing waits: nothing goes.
+    ws.wits.Gwits_alive = 60;
+    wits::tmr_Send_WITS_Timer(ws);
+    EXPECT_TRUE(heard(200).isEmpty());
+
+    // Two packets inside one second: only the second frame leaves.
+    ws.packet.Gombri_data_array[acq::GASUNITS] = "11";
+    wits::Send_Serial_WITS(ws);
+    ws.packet.Gombri_data_array[acq::GASUNITS] = "22";
+    wits::Send_Serial_WITS(ws);
+    wits::tmr_Send_WITS_Timer(ws);
+    const QByteArray first = heard();
+    EXPECT_TRUE(first.contains("014022.0\r\n"));
+    EXPECT_FALSE(first.contains("014011.0"));
+    EXPECT_EQ(first.count("&&\r\n"), 1);
+    EXPECT_TRUE(ws.wits.WITS_out_frame.isEmpty());
+    EXPECT_TRUE(ws.fm_WITS.txt_Raw_WITS_Out.text().endsWith(QString::fromLatin1(first)));
+
+    // Health count at 0: the frame waits, and goes once the count rises.
+    ws.wits.Gwits_alive = 0;
+    ws.packet.Gombri_data_array[acq::GASUNITS] = "33";
+    wits::Send_Serial_WITS(ws);
+    wits::tmr_Send_WITS_Timer(ws);
+    EXPECT_TRUE(heard(200).isEmpty());
+    EXPECT_FALSE(ws.wits.WITS_out_frame.isEmpty());
+    ws.wits.Gwits_alive = 1;
+    wits::tmr_Send_WITS_Timer(ws);
+    EXPECT_TRUE(heard().contains("014033.0\r\n"));
+
+    // The double click's test string leaves on the next tick.
+    wits::txt_Raw_WITS_Out_DblClick(ws);
+    wits::tmr_Send_WITS_Timer(ws);
+    EXPECT_EQ(heard(), "\r\nThis is a test string\r\n&&\r\n0111-9999\r\n!!\r\n");
+    EXPECT_EQ(ws.wits.counts.framesSent, 3);
+
+    // A port gone away: the tick does nothing, the frame waits.
+    pair.stop();
+    edr.close();
+    wits::Send_Serial_WITS(ws);
+    for (int i = 0; i < 3; ++i) {
+        testkit::Pump(100);
+        wits::tmr_WITSDataArrival_Timer(ws);
+        wits::tmr_Send_WITS_Timer(ws);
+    }
+    EXPECT_FALSE(ws.MSComm2.PortOpen());
+    EXPECT_EQ(ws.wits.counts.portLosses, 1);
+    EXPECT_EQ(ws.wits.counts.framesSent, 3);
+}
+
+} // namespace
