@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Install, configure, build and run every test suite.
+# Install, configure, build, run every test suite, and build and try the package.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 bash scripts/install-deps.sh
@@ -8,3 +8,4 @@ export QT_QPA_PLATFORM=offscreen
 cmake --preset release
 cmake --build --preset release
 ctest --preset release
+bash scripts/package.sh
