@@ -11,8 +11,9 @@
 #include "workstation/events.h"
 #include "workstation/workstation.h"
 
+#include <QDebug>
 #include <QDir>
-#include <QLockFile>
+#include <QFileInfo>
 
 namespace acq {
 
@@ -24,15 +25,37 @@ QString MainTitle(const Workstation& ws) {
 namespace {
 // One running copy per program folder. The lock lives as long as the
 // process; a stale lock of a crashed copy is taken over.
-bool TakeSingleCopyLock(Workstation& ws) {
-    if (ws.singleCopyLock) return true;
-    auto candidate = std::make_unique<QLockFile>(ws.programFile("gaschart.lock"));
+QLockFile::LockError TakeSingleCopyLock(Workstation& ws) {
+    if (ws.singleCopyLock) return QLockFile::NoError;
+    auto candidate = std::make_unique<QLockFile>(SingleCopyLockPath(ws));
     candidate->setStaleLockTime(0);
-    if (!candidate->tryLock(100)) return false;
+    if (!candidate->tryLock(100)) return candidate->error();
     ws.singleCopyLock = std::move(candidate);
-    return true;
+    return QLockFile::NoError;
 }
 } // namespace
+
+QString SingleCopyLockPath(const Workstation& ws) {
+    return ws.programFile("gaschart.lock");
+}
+
+Refusal SingleCopyRefusal(QLockFile::LockError error, const QString& lockPath) {
+    if (error == QLockFile::LockFailedError)
+        return {"OOPS! COPY ALLREADY LOADED", "There is already a copy of this program\r\n"
+                                              "running in memory.  This one will now close"};
+    // Nobody else holds it: the lock could not be made at all, and saying
+    // another copy runs would send the user looking for one that is not there.
+    const QString folder = QFileInfo(lockPath).path();
+    QString why;
+    if (!QFileInfo(folder).isDir())
+        why = "The folder " + folder + " does not exist.";
+    else if (error == QLockFile::PermissionError)
+        why = "This user may not write in " + folder + ".";
+    else
+        why = "The system refused to make it in " + folder + ".";
+    return {"CANNOT START", "The lock file " + lockPath + " could not be made.\r\n" + why +
+                                "\r\nThis one will now close"};
+}
 
 bool Form_Load(Workstation& ws) {
     auto& main = ws.fm_Gas_Chart;
@@ -93,10 +116,12 @@ bool Form_Load(Workstation& ws) {
     ws.db.Gtable_name = "OMBRI_DB_010";
 
     // 10. One running copy only.
-    if (!TakeSingleCopyLock(ws)) {
-        ws.dialogs().MsgBox("There is already a copy of this program\r\n"
-                            "running in memory.  This one will now close",
-                            platform::Buttons::Ok, "OOPS! COPY ALLREADY LOADED",
+    if (const QLockFile::LockError error = TakeSingleCopyLock(ws); error != QLockFile::NoError) {
+        const Refusal refusal = SingleCopyRefusal(error, SingleCopyLockPath(ws));
+        // The shell that started us hears it too: the box may stand on a
+        // screen nobody watches.
+        qWarning().noquote() << refusal.title + ": " + QString(refusal.text).replace("\r\n", " ");
+        ws.dialogs().MsgBox(refusal.text, platform::Buttons::Ok, refusal.title,
                             platform::Icon::Stop);
         return false;
     }

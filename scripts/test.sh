@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Install, configure, build and run every test suite.
+# Install, configure, build, run every test suite, and build and try the package.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 bash scripts/install-deps.sh
@@ -10,3 +10,4 @@ git ls-files -z '*.cpp' '*.h' | xargs -0 clang-format --dry-run -Werror
 cmake --preset release -DGASCHART_WERROR=ON
 cmake --build --preset release
 ctest --preset release
+bash scripts/package.sh

@@ -4,7 +4,8 @@
 // through the line parser into the record writer, as they would live.
 //
 //   make-demo-job <program folder>
-//       the kept copy <folder>/V11_DEMO.DB and the job <folder>/DB_CUE/V11_DEMO.DB
+//       the kept copy <folder>/V11_DEMO.DB, the job <folder>/DB_CUE/V11_DEMO.DB
+//       and the blank job <folder>/OMBRI_010_BLANK.db that new jobs start from
 //   make-demo-job --out <file> [--rows N] [--seed S] [--report]
 //       one job file; --report commits every row on its own and prints
 //       "<packet> <ID> <gas units>" once the row is committed
@@ -132,6 +133,16 @@ int main(int argc, char** argv) {
     db::CopyDatabase(part, job);
     if (!db::PutJobFileInPlace(part, kept)) {
         std::fprintf(stderr, "make-demo-job: could not write %s\n", qPrintable(kept));
+        return 1;
+    }
+    // The blank job ships with the program too, made from the same schema
+    // the program would make it from.
+    const QString blank = args.folder + "/OMBRI_010_BLANK.db";
+    const QString blankPart = blank + ".part";
+    db::RemoveJobFile(blankPart);
+    db::MakeBlankJob(blankPart, store::StoreState().Gtable_name);
+    if (!db::PutJobFileInPlace(blankPart, blank)) {
+        std::fprintf(stderr, "make-demo-job: could not write %s\n", qPrintable(blank));
         return 1;
     }
     return 0;
