@@ -73,7 +73,9 @@ void cmd_gen_log_files_Click(Workstation& ws) {
         if (s.ck_gen_xls_file.checked()) Create_XLS_file(ws, name.left(name.size() - 3) + "XLS");
         if (s.ck_time_based_las.checked())
             Create_LAS_TIME_file(ws, name.left(name.size() - 4) + "_TIME.LAS");
-        if (ws.products.autogen_running) help.form.setVisible(false);
+        // The depth collection hides the box when it is done; a run by hand
+        // ends with the box up, an automatic one with it out of the way.
+        help.form.setVisible(!ws.products.autogen_running);
         station::help_msg(ws, "");
         station::help_msg(ws, "LAS/XLS file generation Complete.");
         help.pgbar.setValue(help.pgbar.max());
