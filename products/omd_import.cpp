@@ -130,10 +130,21 @@ ImportCounts Import_OMD_file(Workstation& ws, const QString& file_name) {
             depth::PassRhythm rhythm(ws, db);
             long badInARow = 0;
             double done = 0;
-            while (!file.atEnd()) {
-                QByteArray line = file.readLine();
-                done += static_cast<double>(line.size());
-                while (line.endsWith('\n') || line.endsWith('\r')) line.chop(1);
+            QList<QByteArray> pending;
+            while (!pending.isEmpty() || !file.atEnd()) {
+                if (pending.isEmpty()) {
+                    QByteArray got = file.readLine();
+                    done += static_cast<double>(got.size());
+                    if (got.endsWith('\n')) got.chop(1);
+                    if (got.endsWith('\r')) got.chop(1);
+                    // A lone CR ends a line too (an echo of a command
+                    // ahead of the first record).
+                    if (got.contains('\r'))
+                        pending = got.split('\r');
+                    else
+                        pending << got;
+                }
+                const QByteArray line = pending.takeFirst();
                 ++n.read;
                 ++badInARow;
                 if (ReadOmdLine(line, fields, recordCount, forced) == OmdLine::Record)

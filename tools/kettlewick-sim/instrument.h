@@ -19,6 +19,12 @@ struct Settings {
     bool relayWits = false; // a "^" line after each packet
     bool twoWayLogin = false;
     int replyGapMs = 250; // the console answers one line at a time
+    // The instrument's own data file: one "@" line per sample taken. Empty:
+    // kept in memory only. history: samples taken before the start.
+    QString dataPath;
+    int history = 0;
+    // A transfer of the data file stops once half way for this many seconds.
+    double transferPause = 0;
     QString logPath;
     drill::Options model;
 };
@@ -40,6 +46,10 @@ class Instrument {
     void sendNextReply();
     void checkLagDepth(const QString& line);
     bool validKeyBlock(const QString& line) const;
+    // Keeps a sample in the data file.
+    void store(const drill::Sample& sample);
+    void startTransfer();
+    void sendTransferChunk();
 
     Settings s_;
     Channel& ch_;
@@ -58,6 +68,12 @@ class Instrument {
     long keepAlives_ = 0;
     QString jobNumber_ = QStringLiteral("1001");
     std::map<int, int> registers_;
+
+    QStringList data_;
+    QStringList transfer_;
+    qsizetype transferAt_ = 0;
+    bool paused_ = false;
+    QTimer transferTimer_;
 };
 
 } // namespace sim

@@ -65,8 +65,14 @@ int main(int argc, char** argv) {
     const QCommandLineOption login("two-way-login", "Accept a well-formed login block.");
     const QCommandLineOption gap("reply-gap", "Milliseconds between console answers (250).", "MS",
                                  "250");
+    const QCommandLineOption dataFile(
+        "data-file", "The instrument's own data file, served on TRANSFER KW_DATA.OMD.", "FILE");
+    const QCommandLineOption history("history", "Samples taken before the start (default 0).", "N",
+                                     "0");
+    const QCommandLineOption pause("transfer-pause",
+                                   "Stop half way through a transfer for SECONDS.", "SECONDS", "0");
     p.addOptions({tcp, pty, serial, interval, seed, depth, first, start, log, drop, garbage, wits,
-                  login, gap});
+                  login, gap, dataFile, history, pause});
     p.process(app);
 
     sim::Settings s;
@@ -97,6 +103,9 @@ int main(int argc, char** argv) {
     s.relayWits = p.isSet(wits);
     s.twoWayLogin = p.isSet(login);
     s.replyGapMs = std::max(0, p.value(gap).toInt());
+    s.dataPath = p.value(dataFile);
+    s.history = std::max(0, p.value(history).toInt());
+    s.transferPause = std::max(0.0, p.value(pause).toDouble());
 
     std::unique_ptr<sim::Channel> channel;
     if (p.isSet(tcp))
