@@ -59,7 +59,7 @@ void Collect(Workstation& ws, bool lagged) {
 
 } // namespace
 
-void Create_LAS_file(Workstation& ws, const QString& file_name) {
+bool Create_LAS_file(Workstation& ws, const QString& file_name) {
     int pt = 1;
     const FileOptions o = ReadFileOptions(ws);
     try {
@@ -132,6 +132,7 @@ void Create_LAS_file(Workstation& ws, const QString& file_name) {
         if (o.lasLagged) Collect(ws, false);
         pt = 14;
         station::help_msg(ws, "The file " + file_name + " has been created");
+        return true;
     } catch (const FileError& e) {
         station::disply_text_alarms(ws, "Create Las Filename Err: " + e.text());
         station::help_msg(ws, "Create Las Filename Err: " + e.text());
@@ -143,6 +144,7 @@ void Create_LAS_file(Workstation& ws, const QString& file_name) {
     // The arrays go back to the drilled depth for every other reader, also
     // after a failure.
     if (o.lasLagged && pt < 13) Collect(ws, false);
+    return false;
 }
 
 } // namespace products

@@ -8,6 +8,7 @@ class Workstation;
 
 namespace products {
 
-void Create_LAS_file(Workstation& ws, const QString& file_name);
+// False when the file could not be made (the error log says why).
+bool Create_LAS_file(Workstation& ws, const QString& file_name);
 
 } // namespace products

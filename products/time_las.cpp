@@ -62,7 +62,7 @@ QByteArray UsDateTime(const QByteArray& iso) {
     return dt ? text::FormatDate(*dt, u"MM/DD/YYYY HH:MM:SS").toLatin1() : QByteArray();
 }
 
-void Create_LAS_TIME_file(Workstation& ws, const QString& file_name) {
+bool Create_LAS_TIME_file(Workstation& ws, const QString& file_name) {
     int pt = 1;
     auto& help = ws.fm_help;
     try {
@@ -103,6 +103,7 @@ void Create_LAS_TIME_file(Workstation& ws, const QString& file_name) {
         out.finish();
         station::help_msg(ws, "The file " + file_name + " has been created");
         db.Close();
+        return true;
     } catch (const FileError& e) {
         station::disply_text_alarms(ws, "Create Time Based Las Filename Err: " + e.text());
         station::help_msg(ws, "Create Time Based Las Filename Err: " + e.text());
@@ -111,6 +112,7 @@ void Create_LAS_TIME_file(Workstation& ws, const QString& file_name) {
             ws, "Create Time Based Las Filename Err: " + db::ErrorText(std::current_exception()) +
                     " Err point: " + text::Str(pt));
     }
+    return false;
 }
 
 } // namespace products

@@ -8,7 +8,8 @@ class Workstation;
 
 namespace products {
 
-void Create_LAS_TIME_file(Workstation& ws, const QString& file_name);
+// False when the file could not be made (the error log says why).
+bool Create_LAS_TIME_file(Workstation& ws, const QString& file_name);
 
 // "YYYY-MM-DD HH:MM:SS" as the job keeps a date, turned into
 // "MM/DD/YYYY HH:MM:SS"; anything else through the date rules.

@@ -83,7 +83,7 @@ QString Row(const FileOptions& o, const RecordScan& r, int32_t foot, const Peaks
 
 } // namespace
 
-void Create_XLS_file(Workstation& ws, const QString& file_name) {
+bool Create_XLS_file(Workstation& ws, const QString& file_name) {
     int pt = 1;
     try {
         station::help_msg(ws, "Generating XLS file " + file_name);
@@ -151,6 +151,7 @@ void Create_XLS_file(Workstation& ws, const QString& file_name) {
         if (last48) last48->finish();
         station::help_msg(ws, "XLS file complete");
         db.Close();
+        return true;
     } catch (const FileError& e) {
         station::disply_text_alarms(ws, "Create XLS Filename Err: " + e.text());
         station::help_msg(ws, "Create XLS Filename Err: " + e.text());
@@ -159,6 +160,7 @@ void Create_XLS_file(Workstation& ws, const QString& file_name) {
             ws, "Create XLS Filename Err: " + db::ErrorText(std::current_exception()) +
                     " Err point: " + text::Str(pt));
     }
+    return false;
 }
 
 } // namespace products

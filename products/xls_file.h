@@ -8,6 +8,7 @@ class Workstation;
 
 namespace products {
 
-void Create_XLS_file(Workstation& ws, const QString& file_name);
+// False when the file could not be made (the error log says why).
+bool Create_XLS_file(Workstation& ws, const QString& file_name);
 
 } // namespace products
