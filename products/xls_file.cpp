@@ -26,6 +26,9 @@ namespace {
 using text::Format;
 
 constexpr int kYieldRows = 10;
+// A long stay on one foot (a trip, hours off bottom) writes no row for many
+// records: the loop gets its turn by records too.
+constexpr long kYieldRecords = 1000;
 constexpr double kDeepest = 60000.0;
 
 enum Col {
@@ -122,6 +125,7 @@ bool Create_XLS_file(Workstation& ws, const QString& file_name) {
             int32_t foot = 0;
             bool first = true;
             long rows = 0;
+            long records = 0;
             pt = 6;
             while (r.next()) {
                 const double gas = o.percentGu / 100 * r.number(cGas);
@@ -134,6 +138,7 @@ bool Create_XLS_file(Workstation& ws, const QString& file_name) {
                     foot = now;
                     first = false;
                 }
+                if (++records % kYieldRecords == 0) rhythm.yield();
                 if (now == foot) continue;
                 foot = now;
                 if (now > minDepth && now < maxDepth) {

@@ -1,6 +1,7 @@
 // Generation control: the interval box, the countdown, the names of a run,
 // the missing or unwritable folder, and files that appear only when whole.
 #include "products/autogen.h"
+#include "products/names.h"
 #include "products/staged_file.h"
 #include "products_fixture.h"
 
@@ -39,7 +40,9 @@ TEST_F(ProductsTest, TheIntervalBoxKeepsTheMinimumAndSwitchesTheTimer) {
         EXPECT_EQ(s.txt_autogen_las.text(), c.shown);
         EXPECT_EQ(ws.products.autogen_seconds_left, c.seconds);
         EXPECT_EQ(timer->isActive(), c.running);
-        if (!c.running) EXPECT_EQ(s.txt_autogen_dir.backColor(), forms::color::White);
+        if (!c.running) {
+            EXPECT_EQ(s.txt_autogen_dir.backColor(), forms::color::White);
+        }
     }
     timer->stop();
 
@@ -190,4 +193,20 @@ TEST_F(ProductsTest, AFileAppearsOnlyWhenWhole) {
     EXPECT_EQ(ReadAll(path), "first") << "the previous file is whole";
     EXPECT_EQ(QDir(out).entryList(QDir::Files), QStringList{"x.las"}) << "no temporary left";
     EXPECT_THROW(products::StagedFile(out + "/none/x.las"), products::FileError);
+}
+
+TEST(ProductNames, TheBaseNameIsCutAtTheLastDot) {
+    struct Case {
+        const char* name;
+        const char* base;
+    } cases[] = {
+        {"/jobs/well.las", "/jobs/well"},
+        {"/jobs/well.7.las", "/jobs/well.7"},
+        // The search runs over the whole path: a dot in a folder counts.
+        {"/jobs/rig.7/Autogen", "/jobs/rig"},
+        {"C:\\jobs\\Autogen 11/02/2026.LAS", "C:\\jobs\\Autogen 11/02/2026"},
+        {"noextension", "noextension"},
+        {".las", ""},
+    };
+    for (const Case& c : cases) EXPECT_EQ(products::BaseName(c.name), c.base) << c.name;
 }

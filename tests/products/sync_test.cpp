@@ -61,15 +61,15 @@ class Sync : public ProductsTest {
 };
 
 TEST_F(Sync, APauseUnderFiveSecondsKeepsTheTransferGoing) {
-    ASSERT_TRUE(connect(300, 3));
+    ASSERT_TRUE(connect(1000, 3));
     acq::Sync_with_Kettlewick(ws);
     ASSERT_EQ(dialogs.boxes.size(), 1u);
     EXPECT_EQ(dialogs.boxes[0].title, "SYNC WITH KETTLEWICK DATA?");
-    // Its data file: 300 samples of the past and the greeting packet.
-    EXPECT_EQ(sim->count("TRANSFER START 301"), 1);
-    EXPECT_EQ(sim->count("TRANSFER PAUSE 150"), 1);
-    EXPECT_EQ(tempLines("@,"), 301) << "the pause did not end the transfer";
-    EXPECT_EQ(rows(), 301) << "the greeting packet was there already";
+    // Its data file: 1000 samples of the past and the greeting packet.
+    EXPECT_EQ(sim->count("TRANSFER START 1001"), 1);
+    EXPECT_EQ(sim->count("TRANSFER PAUSE 500"), 1);
+    EXPECT_EQ(tempLines("@,"), 1001) << "the pause did not end the transfer";
+    EXPECT_EQ(rows(), 1001) << "the greeting packet was there already";
     testkit::RawDb raw(job, testkit::RawDb::Access::ReadOnly);
     EXPECT_EQ(raw.number("SELECT min(PACKET_NUM) FROM OMBRI_DB_010"), 5001);
     EXPECT_EQ(raw.value("SELECT DATE_TXT || ' ' || TIME_TXT FROM OMBRI_DB_010 WHERE PACKET_NUM = "
@@ -85,11 +85,13 @@ TEST_F(Sync, APauseUnderFiveSecondsKeepsTheTransferGoing) {
 }
 
 TEST_F(Sync, SilenceOfFiveSecondsEndsTheTransfer) {
-    ASSERT_TRUE(connect(300, 7));
+    // The count is an estimate of 25 records a chunk read; half of a thousand
+    // lines come in enough chunks to pass the import's mark of 100.
+    ASSERT_TRUE(connect(1000, 7));
     acq::Sync_with_Kettlewick(ws);
-    EXPECT_EQ(sim->count("TRANSFER PAUSE 150"), 1);
-    EXPECT_EQ(tempLines("@,"), 150) << "what came before the silence";
-    EXPECT_EQ(rows(), 151);
+    EXPECT_EQ(sim->count("TRANSFER PAUSE 500"), 1);
+    EXPECT_EQ(tempLines("@,"), 500) << "what came before the silence";
+    EXPECT_EQ(rows(), 501);
     EXPECT_EQ(logged("Download complete"), 1);
     EXPECT_FALSE(ws.packet.Gtransfer_active);
 }
