@@ -24,6 +24,10 @@ FmGasChart::FmGasChart() : Panel("fm_Gas_Chart", " Ombri Instruments Gas Chart")
     add(cmd_save_database, "cmd_save_database", "Save Data Base As");
     add(cmdCompact, "cmdCompact", "Compact / Repair Data Base");
     add(cmd_sync_kettlewick, "cmd_sync_kettlewick", "Sync With Kettlewick");
+    add(cmd_gen_log_files, "cmd_gen_log_files", "Generate LAS/XLS Files");
+    add(cmd_export_txt, "cmd_export_txt", "Export OMD");
+    add(cmd_export_to_csv, "cmd_export_to_csv", "Export CSV");
+    add(cmd_import_txt, "cmd_import_txt", "Import OMD");
     add(lbl_lock_Level, "lbl_lock_Level", "DB Ready");
     add(CK_Import_OMD, "CK_Import_OMD", "Import Bad OMD",
         "If the OMD data is bad this forces it to be imported anyway");

@@ -28,6 +28,11 @@ struct FmGasChart : Panel {
     Control cmd_save_database;
     Control cmdCompact;
     Control cmd_sync_kettlewick;
+    // The files for the office.
+    Control cmd_gen_log_files;
+    Control cmd_export_txt;
+    Control cmd_export_to_csv;
+    Control cmd_import_txt;
     Control lbl_lock_Level;
     Control CK_Import_OMD;
     Control ln_selecter;

@@ -4,11 +4,14 @@
 #include "acquisition/control_box.h"
 #include "acquisition/job_buttons.h"
 #include "acquisition/link.h"
+#include "acquisition/sync.h"
 #include "acquisition/viewer.h"
 #include "alarms/alarm_monitor.h"
 #include "config/setup_handlers.h"
 #include "depth/lag.h"
 #include "forms/panel.h"
+#include "products/autogen.h"
+#include "products/omd.h"
 #include "store/lifecycle.h"
 #include "wits/wits_link.h"
 #include "workstation/workstation.h"
@@ -71,6 +74,16 @@ const Route kRoutes[] = {
     route(kMain, "cmd_open_db", On::Click, &acq::cmd_open_db_Click),
     route(kMain, "cmd_save_database", On::Click, &acq::cmd_save_database_Click),
     route(kMain, "cmdCompact", On::Click, &store::Compact_db),
+    route(kMain, "cmd_sync_kettlewick", On::Click, &acq::cmd_sync_kettlewick_Click),
+    route(kMain, "cmd_gen_log_files", On::Click, &products::cmd_gen_log_files_Click),
+    route(kMain, "cmd_export_txt", On::Click, &products::cmd_export_txt_Click),
+    route(kMain, "cmd_export_to_csv", On::Click, &products::cmd_export_to_csv_Click),
+    route(kMain, "cmd_import_txt", On::Click, &products::cmd_import_txt_Click),
+    route(kSetup, "txt_autogen_las", On::Leave, &products::txt_autogen_las_LostFocus),
+    route(kSetup, "ck_gen_las_file", On::Click, &products::ck_gen_file_Click),
+    route(kSetup, "ck_gen_las48_file", On::Click, &products::ck_gen_file_Click),
+    route(kSetup, "ck_gen_xls_file", On::Click, &products::ck_gen_file_Click),
+    route(kSetup, "ck_gen_xls48_file", On::Click, &products::ck_gen_file_Click),
     // The instrument link on the setup panel.
     route(kSetup, "op_conn_using_serial", On::Click, &acq::op_conn_using_serial_Click),
     route(kSetup, "ck_Use_TCP", On::Click, &acq::ck_Use_TCP_Click),

@@ -47,7 +47,9 @@ const struct {
     {"lbl_lock_Level", "CK_Import_OMD"},
     {"cmd_new_db", "cmd_open_db"},
     {"cmd_save_database", "cmdCompact"},
-    {"cmd_sync_kettlewick", nullptr},
+    {"cmd_sync_kettlewick", "cmd_gen_log_files"},
+    {"cmd_export_txt", "cmd_export_to_csv"},
+    {"cmd_import_txt", nullptr},
 };
 
 bool isAlarmBox(const char* name) {

@@ -50,6 +50,7 @@ Instrument::Instrument(const Settings& s, Channel& channel)
     });
     replyTimer_.setSingleShot(true);
     QObject::connect(&replyTimer_, &QTimer::timeout, [this] { sendNextReply(); });
+    QObject::connect(&transferTimer_, &QTimer::timeout, [this] { sendTransferChunk(); });
 }
 
 void Instrument::start() {
@@ -57,6 +58,13 @@ void Instrument::start() {
         log_.setFileName(s_.logPath);
         log_.open(QIODevice::WriteOnly | QIODevice::Append | QIODevice::Text);
     }
+    if (!s_.dataPath.isEmpty()) {
+        QFile f(s_.dataPath);
+        if (f.open(QIODevice::ReadOnly))
+            for (const QByteArray& l : f.readAll().split('\n'))
+                if (!l.trimmed().isEmpty()) data_ << QString::fromLatin1(l.trimmed());
+    }
+    for (int i = 0; i < s_.history; ++i) store(model_.next());
     packetTimer_.start(std::max(1, int(s_.interval * 1000)));
 }
 
@@ -70,6 +78,7 @@ void Instrument::sendPacket() {
     // The instrument samples whether anyone listens or not; what nobody
     // hears is simply lost, and the packet numbers jump.
     const drill::Sample sample = model_.next();
+    store(sample);
     if (!ch_.connected()) return;
 
     ch_.write(drill::Model::PacketLine(sample).toLatin1());
@@ -176,6 +185,8 @@ void Instrument::handleLine(const QString& raw) {
     } else if (up.startsWith(QLatin1String("SETDEPTH"))) {
         if (words.size() >= 2) model_.setHoleDepth(text::Val(words[1]));
         reply("DRILL DEPTH IS: " + text::Str(std::floor(model_.holeDepth())));
+    } else if (up == QLatin1String("TRANSFER KW_DATA.OMD")) {
+        startTransfer();
     } else if (up.startsWith(QLatin1String("SETJOBNUM"))) {
         if (words.size() >= 2) jobNumber_ = words[1];
         reply("JOB NUM " + jobNumber_);
@@ -217,6 +228,87 @@ bool Instrument::validKeyBlock(const QString& line) const {
         (i < 10 ? name : password) += char(c);
     }
     return name.size() >= 3 && password.size() >= 3;
+}
+
+} // namespace sim
+
+namespace sim {
+
+namespace {
+// Lines a transfer sends each tenth of a second.
+constexpr int kTransferLines = 20;
+} // namespace
+
+void Instrument::store(const drill::Sample& sample) {
+    // The instrument's log form: date yymmdd, time hhmmss, packet, depth,
+    // bit depth, gas, O2, CO2, rate, run, CG volts, H2S, C1 to nC4, gamma,
+    // strokes a minute, inclination, azimuth.
+    const auto& f = sample.fields;
+    double gamma = 0;
+    for (const drill::WitsItem& w : sample.wits)
+        if (w.code == 823) gamma = w.value;
+    QStringList parts = {QStringLiteral("@"),
+                         sample.time.toString(QStringLiteral("yyMMdd")),
+                         sample.time.toString(QStringLiteral("HHmmss")),
+                         QString::number(sample.packetNumber),
+                         f[3],
+                         text::Str(sample.bitDepth),
+                         f[4],
+                         f[5],
+                         f[6],
+                         f[9],
+                         f[16],
+                         f[17],
+                         f[19],
+                         f[29],
+                         f[30],
+                         f[31],
+                         f[32],
+                         f[33],
+                         text::Str(gamma),
+                         text::Str(sample.spm),
+                         QStringLiteral("0"),
+                         QStringLiteral("0")};
+    const QString line = parts.join(QLatin1Char(','));
+    data_ << line;
+    if (s_.dataPath.isEmpty()) return;
+    QFile file(s_.dataPath);
+    if (file.open(QIODevice::WriteOnly | QIODevice::Append))
+        file.write((line + QStringLiteral("\r\n")).toLatin1());
+}
+
+void Instrument::startTransfer() {
+    // While it sends its file the instrument takes no samples.
+    packetTimer_.stop();
+    transfer_ = data_;
+    transferAt_ = 0;
+    paused_ = false;
+    note(QStringLiteral("TRANSFER START ") + QString::number(transfer_.size()));
+    transferTimer_.start(100);
+}
+
+void Instrument::sendTransferChunk() {
+    const qsizetype half = transfer_.size() / 2;
+    const bool pauseDue = s_.transferPause > 0 && !paused_;
+    if (pauseDue && transferAt_ >= half) {
+        paused_ = true;
+        note(QStringLiteral("TRANSFER PAUSE ") + QString::number(transferAt_));
+        transferTimer_.stop();
+        QTimer::singleShot(int(s_.transferPause * 1000), [this] { transferTimer_.start(100); });
+        return;
+    }
+    // A pause to come stops the chunk at the half way line.
+    const qsizetype end =
+        std::min(transferAt_ + kTransferLines, pauseDue ? half : transfer_.size());
+    QByteArray chunk;
+    while (transferAt_ < end)
+        chunk += (transfer_[transferAt_++] + QStringLiteral("\r\n")).toLatin1();
+    if (!chunk.isEmpty() && ch_.connected()) ch_.write(chunk);
+    if (transferAt_ >= transfer_.size()) {
+        transferTimer_.stop();
+        note(QStringLiteral("TRANSFER END ") + QString::number(transferAt_));
+        packetTimer_.start(std::max(1, int(s_.interval * 1000)));
+    }
 }
 
 } // namespace sim

@@ -20,6 +20,12 @@ struct Settings {
     bool twoWayLogin = false;
     int replyGapMs = 250; // the console answers one line at a time
     bool greet = false;   // "TCPCONNECT" to each new client before anything else
+    // The instrument's own data file: one "@" line per sample taken. Empty:
+    // kept in memory only. history: samples taken before the start.
+    QString dataPath;
+    int history = 0;
+    // A transfer of the data file stops once half way for this many seconds.
+    double transferPause = 0;
     QString logPath;
     drill::Options model;
 };
@@ -41,6 +47,10 @@ class Instrument {
     void sendNextReply();
     void checkLagDepth(const QString& line);
     bool validKeyBlock(const QString& line) const;
+    // Keeps a sample in the data file.
+    void store(const drill::Sample& sample);
+    void startTransfer();
+    void sendTransferChunk();
 
     Settings s_;
     Channel& ch_;
@@ -59,6 +69,12 @@ class Instrument {
     long keepAlives_ = 0;
     QString jobNumber_ = QStringLiteral("1001");
     std::map<int, int> registers_;
+
+    QStringList data_;
+    QStringList transfer_;
+    qsizetype transferAt_ = 0;
+    bool paused_ = false;
+    QTimer transferTimer_;
 };
 
 } // namespace sim

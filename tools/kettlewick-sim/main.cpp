@@ -68,8 +68,14 @@ int main(int argc, char** argv) {
     const QCommandLineOption greet("greet",
                                    "Announce each new TCP client with a TCPCONNECT line, as the "
                                    "instrument's network adapter does.");
+    const QCommandLineOption dataFile(
+        "data-file", "The instrument's own data file, served on TRANSFER KW_DATA.OMD.", "FILE");
+    const QCommandLineOption history("history", "Samples taken before the start (default 0).", "N",
+                                     "0");
+    const QCommandLineOption pause("transfer-pause",
+                                   "Stop half way through a transfer for SECONDS.", "SECONDS", "0");
     p.addOptions({tcp, pty, serial, interval, seed, depth, first, start, log, drop, garbage, wits,
-                  login, gap, greet});
+                  login, gap, greet, dataFile, history, pause});
     p.process(app);
 
     sim::Settings s;
@@ -101,6 +107,9 @@ int main(int argc, char** argv) {
     s.twoWayLogin = p.isSet(login);
     s.replyGapMs = std::max(0, p.value(gap).toInt());
     s.greet = p.isSet(greet);
+    s.dataPath = p.value(dataFile);
+    s.history = std::max(0, p.value(history).toInt());
+    s.transferPause = std::max(0.0, p.value(pause).toDouble());
 
     std::unique_ptr<sim::Channel> channel;
     if (p.isSet(tcp))

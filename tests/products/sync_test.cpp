@@ -1,0 +1,151 @@
+// The bulk download from the instrument simulator over a pseudo-terminal:
+// a whole transfer with a pause under five seconds, one cut short by a
+// longer pause, no reply at all, and the refusal over TCP.
+#include "acquisition/supervision.h"
+#include "acquisition/sync.h"
+#include "products_fixture.h"
+#include "simulator.h"
+
+#include <QElapsedTimer>
+#include <QProcess>
+#include <QTimer>
+#include <set>
+
+using productstest::ProductsTest;
+
+class Sync : public ProductsTest {
+  protected:
+    std::unique_ptr<testkit::Simulator> sim;
+    std::set<QString> captions;
+    // The counts the information box showed during the transfer.
+    std::set<QString> counts;
+    QTimer probe;
+
+    // The simulator with `history` samples in its data file, on a
+    // pseudo-terminal the workstation opens as its port 3.
+    bool connect(int history, double pause) {
+        sim = std::make_unique<testkit::Simulator>(folder.file("sim.log"));
+        const QString tty = folder.file("kw");
+        if (!sim->start({"--pty", tty, "--interval", "600", "--history", QString::number(history),
+                         "--first-packet", "5001", "--start", "2026-11-01 06:00:00",
+                         "--transfer-pause", QString::number(pause)}))
+            return false;
+        ws.ports.setScanDevices(false);
+        ws.ports.place(3, tty);
+        ws.MSComm1.CommPort = 3;
+        if (ws.MSComm1.SetPortOpen(true) != 0) return false;
+        ws.timer("tmrDataArrival")->start();
+        ws.timer("tmr_delay")->start();
+        // What the link button says each second, as the supervision has it.
+        QObject::connect(&probe, &QTimer::timeout, [this] {
+            acq::SuperviseLink(ws);
+            captions.insert(ws.fm_Gas_Chart.cmd_comm1.caption());
+            const QStringList lines = ws.fm_help.txt_help.text().split("\r\n");
+            for (const QString& l : lines)
+                if (l.endsWith(" records transfered")) counts.insert(l);
+        });
+        dialogs.answers = {platform::Answer::Yes};
+        // The instrument greets the open port with a packet, which the
+        // parser stores before the download begins.
+        if (!testkit::PumpUntil(5000, [this] { return rows() == 1; })) return false;
+        ws.link.Gdetector_found = true;
+        ws.fm_Gas_Chart.cmd_comm1.setBackColor(forms::color::Green);
+        probe.start(1000);
+        return true;
+    }
+    ~Sync() override { ws.MSComm1.SetPortOpen(false); }
+
+    int tempLines(const char* mark) const {
+        return static_cast<int>(folder.read("KW_TEMP.TXT").count(mark));
+    }
+};
+
+TEST_F(Sync, APauseUnderFiveSecondsKeepsTheTransferGoing) {
+    ASSERT_TRUE(connect(1000, 3));
+    acq::Sync_with_Kettlewick(ws);
+    ASSERT_EQ(dialogs.boxes.size(), 1u);
+    EXPECT_EQ(dialogs.boxes[0].title, "SYNC WITH KETTLEWICK DATA?");
+    // Its data file: 1000 samples of the past and the greeting packet.
+    EXPECT_EQ(sim->count("TRANSFER START 1001"), 1);
+    EXPECT_EQ(sim->count("TRANSFER PAUSE 500"), 1);
+    EXPECT_EQ(tempLines("@,"), 1001) << "the pause did not end the transfer";
+    EXPECT_EQ(rows(), 1001) << "the greeting packet was there already";
+    testkit::RawDb raw(job, testkit::RawDb::Access::ReadOnly);
+    EXPECT_EQ(raw.number("SELECT min(PACKET_NUM) FROM OMBRI_DB_010"), 5001);
+    EXPECT_EQ(raw.value("SELECT DATE_TXT || ' ' || TIME_TXT FROM OMBRI_DB_010 WHERE PACKET_NUM = "
+                        "5002"),
+              "2026/11/01 06:00:06");
+    EXPECT_TRUE(captions.count("Kettlewick In Transfer"));
+    EXPECT_GE(counts.size(), 2u) << "the count goes up chunk by chunk";
+    EXPECT_TRUE(counts.count("25 records transfered"));
+    EXPECT_TRUE(ws.fm_help.txt_help.text().contains("The files have been imported"));
+    EXPECT_EQ(logged("Download complete"), 1);
+    EXPECT_FALSE(ws.db.Gdb_busy);
+    EXPECT_FALSE(ws.packet.Gtransfer_active);
+}
+
+TEST_F(Sync, SilenceOfFiveSecondsEndsTheTransfer) {
+    // The count is an estimate of 25 records a chunk read; half of a thousand
+    // lines come in enough chunks to pass the import's mark of 100.
+    ASSERT_TRUE(connect(1000, 7));
+    acq::Sync_with_Kettlewick(ws);
+    EXPECT_EQ(sim->count("TRANSFER PAUSE 500"), 1);
+    EXPECT_EQ(tempLines("@,"), 500) << "what came before the silence";
+    EXPECT_EQ(rows(), 501);
+    EXPECT_EQ(logged("Download complete"), 1);
+    EXPECT_FALSE(ws.packet.Gtransfer_active);
+}
+
+TEST_F(ProductsTest, NoReplyEndsAfterTenSecondsWithNothingImported) {
+    // A port pair with nobody at the other end.
+    QProcess socat;
+    socat.start("socat", {"pty,raw,echo=0,link=" + folder.file("ws"),
+                          "pty,raw,echo=0,link=" + folder.file("far")});
+    ASSERT_TRUE(socat.waitForStarted(3000));
+    ASSERT_TRUE(testkit::PumpUntil(3000, [&] { return QFile::exists(folder.file("ws")); }));
+    ws.ports.setScanDevices(false);
+    ws.ports.place(3, folder.file("ws"));
+    ws.MSComm1.CommPort = 3;
+    ASSERT_EQ(ws.MSComm1.SetPortOpen(true), 0);
+    ws.fm_Gas_Chart.cmd_comm1.setBackColor(forms::color::Green);
+    ws.timer("tmrDataArrival")->start();
+    ws.timer("tmr_delay")->start();
+    dialogs.answers = {platform::Answer::Yes};
+    QElapsedTimer took;
+    took.start();
+    acq::Sync_with_Kettlewick(ws);
+    EXPECT_GE(took.elapsed(), 11000) << "two seconds of wake-up and ten of waiting";
+    EXPECT_EQ(logged("Download complete"), 1);
+    EXPECT_TRUE(folder.exists("KW_TEMP.TXT"));
+    EXPECT_EQ(folder.read("KW_TEMP.TXT"), "");
+    EXPECT_EQ(rows(), 0);
+    EXPECT_FALSE(ws.fm_help.txt_help.text().contains("The files have been imported"));
+    EXPECT_FALSE(ws.db.Gdb_busy);
+    EXPECT_FALSE(ws.packet.Gtransfer_active);
+    ws.MSComm1.SetPortOpen(false);
+    socat.terminate();
+    socat.waitForFinished(3000);
+}
+
+TEST_F(ProductsTest, TheDownloadRefusesWithoutASerialPort) {
+    struct Case {
+        const char* what;
+        bool tcp, green;
+    } cases[] = {{"TCP link only", true, true}, {"serial not connected", false, false}};
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.what);
+        ws.link.Guse_tcp = c.tcp;
+        ws.fm_Gas_Chart.cmd_comm1.setBackColor(c.green ? forms::color::Green : forms::color::Red);
+        const int before = logged("to the Kettlewick and try again.");
+        acq::cmd_sync_kettlewick_Click(ws);
+        EXPECT_TRUE(dialogs.boxes.empty()) << "no question asked";
+        EXPECT_EQ(logged("to the Kettlewick and try again."), before + 1);
+        EXPECT_EQ(logged("The Kettlewick is not connected to the computer"), before + 1);
+        EXPECT_FALSE(folder.exists("KW_TEMP.TXT"));
+    }
+    // A busy job: nothing at all.
+    ws.db.Gdb_busy = true;
+    acq::cmd_sync_kettlewick_Click(ws);
+    EXPECT_EQ(logged("through the serial port."), 2);
+    ws.db.Gdb_busy = false;
+}
