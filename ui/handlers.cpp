@@ -8,6 +8,7 @@
 #include "config/setup_handlers.h"
 #include "depth/lag.h"
 #include "forms/panel.h"
+#include "stats/statistics.h"
 #include "store/lifecycle.h"
 #include "workstation/workstation.h"
 
@@ -108,6 +109,11 @@ const Route kRoutes[] = {
     route(kSetup, "lbl_c3_color", On::Click, &config::lbl_color_Click, 2),
     route(kSetup, "lbl_ic4_color", On::Click, &config::lbl_color_Click, 3),
     route(kSetup, "lbl_nc4_color", On::Click, &config::lbl_color_Click, 4),
+    // The statistics report.
+    route(kSetup, "cmd_calculate_stats", On::Click, &stats::cmd_calculate_stats_Click),
+    route(kSetup, "cmd_autotally_browse", On::Click, &stats::cmd_autotally_browse_Click),
+    route(kSetup, "txt_autotally_minutes", On::Commit, &stats::txt_autotally_minutes_Commit),
+    route(kSetup, "txt_autotally_minutes", On::Change, &stats::txt_autotally_minutes_Change),
     // The data viewer: the live terminal and the two links at its foot.
     route(kViewer, "text_window", &acq::text_window_KeyPress),
     route(kViewer, "lbl_open_errors", On::Click, &acq::lbl_open_errors_Click),
