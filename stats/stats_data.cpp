@@ -2,6 +2,7 @@
 
 #include "db/schema.h"
 #include "stats/statistics.h"
+#include "workstation/events.h"
 #include "workstation/workstation.h"
 
 namespace stats {
@@ -37,6 +38,9 @@ bool Open_Stats_Database(Workstation& ws, StatsData& d) {
         Close_Stats_Database(d);
         return false;
     }
+    // Reading the keys of a long job is the longest the loop waits in a run:
+    // it gets its turn as soon as they are in.
+    station::DoEvents(ws);
     return true;
 }
 
