@@ -19,6 +19,7 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScrollBar>
 
 namespace ui {
 
@@ -85,12 +86,21 @@ QWidget* makeBound(Workstation& ws, const forms::Panel& panel, forms::Control& c
     }
     case Kind::TextArea: {
         auto* area = new QPlainTextEdit(parent);
-        // The statistics report lines its tally up in columns.
+        // The statistics report lines its tally up in columns: a whole tally
+        // line is in view.
         if (c.name() == QLatin1String("txt_stats_output")) {
             area->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
             area->setLineWrapMode(QPlainTextEdit::NoWrap);
+            area->setMinimumWidth(area->fontMetrics().horizontalAdvance(QString(80, u'0')));
+            area->setMinimumHeight(area->fontMetrics().lineSpacing() * 16);
         }
-        area->setMinimumHeight(area->fontMetrics().lineSpacing() * 4);
+        area->setMinimumHeight(
+            std::max(area->minimumHeight(), area->fontMetrics().lineSpacing() * 4));
+        // A box filled while its panel was hidden is laid out again when
+        // shown: the newest line stays in view all the same.
+        QObject::connect(area->verticalScrollBar(), &QScrollBar::rangeChanged, area, [area] {
+            if (area->textCursor().atEnd()) area->ensureCursorVisible();
+        });
         w = area;
         break;
     }
