@@ -1,13 +1,10 @@
 // The daily statistics: the records in packet order, cut into days at the
 // report hour, each day's counters written as one block of figures.
-#include "db/job_error.h"
 #include "stats/day_block.h"
 #include "stats/report_file.h"
 #include "stats/report_writers.h"
 #include "stats/statistics.h"
 #include "stats/stats_data.h"
-#include "text/numbers.h"
-#include "workstation/messages.h"
 #include "workstation/workstation.h"
 
 namespace stats {
@@ -94,16 +91,8 @@ void DailyStats(Workstation& ws, ReportFile& file, StatsData& d, int& pt) {
 } // namespace
 
 void Write_Daily_Stats(Workstation& ws, ReportFile& file) {
-    StatsData d;
-    int pt = 0;
-    try {
-        DailyStats(ws, file, d, pt);
-    } catch (...) {
-        station::disply_text_alarms(ws,
-                                    "Daily Stats Err: " + db::ErrorText(std::current_exception()) +
-                                        " Err pt: " + text::Str(pt));
-        Close_Stats_Database(d);
-    }
+    RunStatsPart(ws,
+                 "Daily Stats Err: ", [&](StatsData& d, int& pt) { DailyStats(ws, file, d, pt); });
 }
 
 } // namespace stats

@@ -1,8 +1,11 @@
 #include "stats/stats_data.h"
 
+#include "db/job_error.h"
 #include "db/schema.h"
 #include "stats/statistics.h"
+#include "text/numbers.h"
 #include "workstation/events.h"
+#include "workstation/messages.h"
 #include "workstation/workstation.h"
 
 namespace stats {
@@ -52,6 +55,19 @@ void Close_Stats_Database(StatsData& d) {
         // Closing what failed to open fails too; nothing is left to close.
     }
     d = StatsData{};
+}
+
+void RunStatsPart(Workstation& ws, const QString& prefix,
+                  const std::function<void(StatsData&, int& pt)>& part) {
+    StatsData d;
+    int pt = 0;
+    try {
+        part(d, pt);
+    } catch (...) {
+        station::disply_text_alarms(ws, prefix + db::ErrorText(std::current_exception()) +
+                                            " Err pt: " + text::Str(pt));
+        Close_Stats_Database(d);
+    }
 }
 
 StatsTurns::StatsTurns(Workstation& ws, const StatsData& d, int from, int to)

@@ -6,6 +6,8 @@
 #include "db/recordset.h"
 #include "depth/pass_rhythm.h"
 
+#include <QString>
+#include <functional>
 #include <memory>
 
 class Workstation;
@@ -24,6 +26,12 @@ struct StatsData {
 // "Not enough data to build a chart" and nothing stays open.
 bool Open_Stats_Database(Workstation& ws, StatsData& d);
 void Close_Stats_Database(StatsData& d);
+
+// Runs one part of the report over data of its own. A failure goes to the
+// error log as prefix + the error + " Err pt: " + how far the part got, and
+// the data is closed.
+void RunStatsPart(Workstation& ws, const QString& prefix,
+                  const std::function<void(StatsData&, int& pt)>& part);
 
 // The event loop's turns during a pass, and the information box's bar moved
 // from `from` to `to` percent as the pass goes through the records.

@@ -1,13 +1,10 @@
 // The joint tally: every connection found in one pass over the records, then
 // a line for each.
-#include "db/job_error.h"
 #include "stats/report_file.h"
 #include "stats/report_writers.h"
 #include "stats/statistics.h"
 #include "stats/stats_data.h"
 #include "stats/tally.h"
-#include "text/numbers.h"
-#include "workstation/messages.h"
 #include "workstation/workstation.h"
 
 namespace stats {
@@ -44,15 +41,7 @@ void Tally(Workstation& ws, ReportFile& file, StatsData& d, int& pt) {
 } // namespace
 
 void Write_Tally(Workstation& ws, ReportFile& file) {
-    StatsData d;
-    int pt = 0;
-    try {
-        Tally(ws, file, d, pt);
-    } catch (...) {
-        station::disply_text_alarms(ws, "Tally Err: " + db::ErrorText(std::current_exception()) +
-                                            " Err pt: " + text::Str(pt));
-        Close_Stats_Database(d);
-    }
+    RunStatsPart(ws, "Tally Err: ", [&](StatsData& d, int& pt) { Tally(ws, file, d, pt); });
 }
 
 } // namespace stats
