@@ -19,7 +19,6 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QScrollBar>
 
 namespace ui {
 
@@ -96,11 +95,6 @@ QWidget* makeBound(Workstation& ws, const forms::Panel& panel, forms::Control& c
         }
         area->setMinimumHeight(
             std::max(area->minimumHeight(), area->fontMetrics().lineSpacing() * 4));
-        // A box filled while its panel was hidden is laid out again when
-        // shown: the newest line stays in view all the same.
-        QObject::connect(area->verticalScrollBar(), &QScrollBar::rangeChanged, area, [area] {
-            if (area->textCursor().atEnd()) area->ensureCursorVisible();
-        });
         w = area;
         break;
     }

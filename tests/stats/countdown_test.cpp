@@ -92,12 +92,13 @@ TEST_F(StatsJob, ACountdownThatEndsDuringARunWaitsForIt) {
 TEST_F(StatsJob, TheEventLoopTurnsDuringARunAndTheTimersGoOn) {
     // Two passes over 100000 records.
     add(Repeat(100000, On(1000)));
-    int turns = 0;
+    int turns = 0, mostBar = 0;
     bool sawRunning = false;
     QTimer tick;
     QObject::connect(&tick, &QTimer::timeout, [&] {
         ++turns;
         sawRunning = sawRunning || ws.stats.running;
+        mostBar = std::max(mostBar, ws.fm_help.pgbar.value());
         // The countdown timer ticks inside the run as it would live.
         stats::tmr_calc_stats_Timer(ws);
     });
@@ -109,8 +110,12 @@ TEST_F(StatsJob, TheEventLoopTurnsDuringARunAndTheTimersGoOn) {
     EXPECT_GE(turns, 2);
     EXPECT_EQ(ws.settings.stats_countdown, 500 - turns);
     EXPECT_EQ(status().last(), "Job Done");
-    // The bar went along with the passes and is back at rest.
+    // The bar went along with the passes (the days to half way, the tally
+    // on to the end) and is back at rest; the box told the story.
+    EXPECT_GT(mostBar, 50);
     EXPECT_EQ(ws.fm_help.pgbar.value(), 0);
+    EXPECT_EQ(ws.fm_help.lbl_help.caption(), "Statistics and tally report");
+    EXPECT_TRUE(ws.fm_help.txt_help.text().contains("Processed 14399 number of records"));
 }
 
 TEST_F(StatsJob, BrowsingPicksTheReportFile) {
