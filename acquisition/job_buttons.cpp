@@ -5,6 +5,7 @@
 #include "chart/chart.h"
 #include "db/file_id.h"
 #include "db/job_error.h"
+#include "db/job_path.h"
 #include "depth/lag.h"
 #include "store/lifecycle.h"
 #include "workstation/workstation.h"
@@ -16,6 +17,7 @@ namespace {
 const QString kFilter = QStringLiteral("Data Base File (*.DB) | *.db;*.DB | All Files (*.*) | *.*");
 
 QString WithExtension(QString name) {
+    name = db::JobPath(name);
     if (!name.endsWith("db") && !name.endsWith("DB")) name += ".DB";
     return name;
 }
@@ -90,6 +92,7 @@ void cmd_open_db_Click(Workstation& ws) {
         }
         if (name.isEmpty()) return;
         pt = 2;
+        name = db::JobPath(name);
         acq::clear_vis_fields(ws);
         ws.fm_Gas_Chart.txt_db_path.setText(name);
         pt = 3;

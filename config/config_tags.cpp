@@ -1,6 +1,7 @@
 #include "config/config_tags.h"
 
 #include "config/setup_handlers.h"
+#include "db/job_path.h"
 #include "text/numbers.h"
 #include "workstation/workstation.h"
 
@@ -9,7 +10,6 @@ namespace config {
 namespace {
 
 #define SETUP(m) [](Workstation& ws) -> forms::Control& { return ws.fm_setup.m; }
-#define MAIN(m) [](Workstation& ws) -> forms::Control& { return ws.fm_Gas_Chart.m; }
 
 using ReadFn = void (*)(Workstation&, const QString&);
 using WriteFn = QString (*)(Workstation&);
@@ -130,7 +130,12 @@ std::vector<Entry> BuildEntries() {
     t.push_back(Value(
         "[ZOOM VIEW]", [](Workstation& ws, const QString& v) { ws.settings.Zoom = text::Val(v); },
         [](Workstation& ws) { return text::Str(ws.settings.Zoom); }));
-    t.push_back(Text("[DB FILE DIR]", MAIN(txt_db_path)));
+    t.push_back(Value(
+        "[DB FILE DIR]",
+        [](Workstation& ws, const QString& v) {
+            ws.fm_Gas_Chart.txt_db_path.setText(db::JobPath(v));
+        },
+        [](Workstation& ws) { return ws.fm_Gas_Chart.txt_db_path.text(); }));
     t.push_back(Value(
         "[MENU X]", [](Workstation& ws, const QString& v) { ws.settings.MenuX = text::Val(v); },
         [](Workstation& ws) { return text::Str(ws.settings.MenuX); }));
@@ -140,12 +145,10 @@ std::vector<Entry> BuildEntries() {
     t.push_back(Value(
         "[REFRESH TIMER SECONDS]",
         [](Workstation& ws, const QString& v) {
-            // The control box's own floor: a refresh under 10 seconds
-            // would redraw the chart all the time.
-            int32_t n = text::CLng(text::Val(v));
-            if (n < 10) n = 10;
-            ws.chart.Grefresh_seconds = n;
-            ws.fm_Gas_Chart.txt_refresh_timer.setText(QString::number(n));
+            // As the file has it: the floor of 10 seconds is the control
+            // box's, for what the operator types.
+            ws.chart.Grefresh_seconds = text::CLng(text::Val(v));
+            ws.fm_Gas_Chart.txt_refresh_timer.setText(v);
         },
         [](Workstation& ws) { return QString::number(ws.chart.Grefresh_seconds); }));
 

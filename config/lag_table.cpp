@@ -87,6 +87,8 @@ void ReadLagTable(Workstation& ws) {
             rs.MoveNext();
         }
     });
+    // The passes read the factors, not the rows: they follow at once.
+    depth::RefreshZoneFactors(ws);
 }
 
 void WriteLagTable(Workstation& ws) {

@@ -22,11 +22,11 @@ Registry& OpenConnections() {
     return r;
 }
 
-// How long a statement waits for a lock another connection holds. The live
-// writer and the shared connection never wait on each other inside this one
-// thread (the writer goes through a holder's transaction instead, see the
-// record writer); this covers the other processes: a checkpoint, a copy, a
-// look at the job with another SQLite tool.
+// How long a statement waits for a lock another connection holds. Inside
+// this one thread nobody holds a write lock while the event loop runs (see
+// WriteLockHeld), so this covers the other processes: a checkpoint, a copy,
+// a look at the job with another SQLite tool. The wait is bounded, and what
+// fails after it says so in its own message.
 constexpr int kBusyTimeoutMs = 2000;
 
 // Durability. In WAL mode `synchronous = NORMAL` survives the process being
@@ -97,11 +97,10 @@ void Connection::CloseAllOn(const QString& path) {
         if (c->path() == path || SameFile(c->path(), path)) c->close();
 }
 
-std::shared_ptr<Connection> Connection::WriteHolder(const QString& path) {
+QString Connection::WriteLockHeld() {
     for (auto& c : AllOpen())
-        if (sqlite3_txn_state(c->db_, "main") == SQLITE_TXN_WRITE && SameFile(c->path(), path))
-            return c;
-    return nullptr;
+        if (sqlite3_txn_state(c->db_, "main") == SQLITE_TXN_WRITE) return c->path();
+    return {};
 }
 
 Connection::~Connection() {

@@ -48,11 +48,11 @@ class Connection {
 
     int transDepth = 0;
 
-    // An open connection of this process that holds the write lock of the
-    // file at `path`, if there is one. In this single-threaded program a
-    // connection that waits for such a lock waits for ever: the holder can
-    // only let go once the waiter has returned.
-    static std::shared_ptr<Connection> WriteHolder(const QString& path);
+    // The file of a connection of this process that holds a write lock now,
+    // or empty. In this single-threaded program a connection that waits for
+    // such a lock waits in vain: the holder can only let go once the waiter
+    // has returned. So whoever lets the event loop run must hold none.
+    static QString WriteLockHeld();
     // Closes every connection of this process to the file at `path`, so its
     // log is folded into it and removed before the file is replaced.
     static void CloseAllOn(const QString& path);

@@ -18,6 +18,11 @@ void ClearLag(Workstation& ws);
 void tmr_recalc_lag_Timer(Workstation& ws);
 // Every 250 ms: the zone factors and the bottoms-up figures.
 void tmr_lag_calc_Timer(Workstation& ws);
+// The zone factors the passes read (strokes and minutes per foot of each
+// zone), from the zone rows of the setup panel. The timer keeps them
+// current; whoever fills the rows calls it too, so that no pass ever reads
+// factors older than the rows.
+void RefreshZoneFactors(Workstation& ws);
 // The two recalculation buttons: 0 the whole file, 1 the depth range.
 void cmd_recalc_lag_Click(Workstation& ws, int index);
 void cmd_Clear_Lag_Click(Workstation& ws);

@@ -11,6 +11,14 @@ namespace depth {
 using forms::color::Green;
 using forms::color::Red;
 
+void RefreshZoneFactors(Workstation& ws) {
+    const ZoneRows zones = ReadZoneRows(ws.fm_setup);
+    for (int i = 1; i <= 6; ++i) {
+        ws.depth.GLagStrPerFt[i] = zones.strPer100Ft[i] / 100;
+        ws.depth.GLagMinPerFt[i] = zones.minPer100Ft[i] / 100;
+    }
+}
+
 void tmr_lag_calc_Timer(Workstation& ws) {
     auto& setup = ws.fm_setup;
     auto& d = ws.depth;
@@ -28,8 +36,8 @@ void tmr_lag_calc_Timer(Workstation& ws) {
 
     setup.lbl_Lag_Depth.setCaption(text::Format(ws.depth.Glag_depth_now, u"0.0"));
 
+    RefreshZoneFactors(ws);
     const ZoneRows zones = ReadZoneRows(setup);
-    for (int i = 1; i <= 6; ++i) d.GLagStrPerFt[i] = zones.strPer100Ft[i] / 100;
     const double depth = text::Val(ws.packet.Gombri_data_array[acq::DEPTH]);
     const int zone = ZoneAt(zones, depth, ZoneOne::StartBelow);
     if (zone > 0) d.GBottomsUpStrokes = depth * d.GLagStrPerFt[zone];
@@ -45,7 +53,6 @@ void tmr_lag_calc_Timer(Workstation& ws) {
     }
     setup.lbl_BU_STROKES.setCaption(text::Format(d.GBottomsUpStrokes, u"#,###,##0"));
 
-    for (int i = 1; i <= 6; ++i) d.GLagMinPerFt[i] = zones.minPer100Ft[i] / 100;
     if (setup.op_lag_calc_Time.checked()) {
         if (zone > 0) d.GLagMinutes = depth * d.GLagMinPerFt[zone];
         d.bottomsUpMinutes = d.GLagMinutes;

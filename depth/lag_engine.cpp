@@ -21,8 +21,8 @@ void RunPasses(LagPass& p) {
     auto& rs = p.rs;
     p.pt = 2;
     p.open();
-    // A job without records has nothing to lag: no failure.
-    if (rs.RecordCount() == 0) return;
+    // A job without records has no first record to move to: the pass ends
+    // in its handler, as every failure of the opening does.
     rs.MoveFirst();
     rs.MoveLast();
 

@@ -26,7 +26,7 @@ PassRhythm::PassRhythm(Workstation& ws, db::Database db, int batchRecords)
 PassRhythm::~PassRhythm() {
     if (!open_) return;
     try {
-        db_.CommitTrans();
+        open_->Commit();
     } catch (...) {
         // The pass has already reported its own failure; a batch that cannot
         // be committed either is rolled back when the file is closed.
@@ -35,8 +35,7 @@ PassRhythm::~PassRhythm() {
 
 void PassRhythm::beginWrite() {
     if (open_) return;
-    db_.BeginTrans();
-    open_ = true;
+    open_.emplace(db_);
     batch_ = 0;
     batchAge_.start();
 }
@@ -48,8 +47,14 @@ void PassRhythm::endWrite() {
 
 void PassRhythm::commit() {
     if (!open_) return;
-    open_ = false;
-    db_.CommitTrans();
+    // The guard goes whether or not the commit went through.
+    try {
+        open_->Commit();
+    } catch (...) {
+        open_.reset();
+        throw;
+    }
+    open_.reset();
     ++commits_;
 }
 

@@ -20,6 +20,7 @@
 #include "db/database.h"
 
 #include <QElapsedTimer>
+#include <optional>
 
 class Workstation;
 
@@ -56,7 +57,7 @@ class PassRhythm {
     Workstation& ws_;
     db::Database db_;
     int batchRecords_;
-    bool open_ = false;
+    std::optional<db::Transaction> open_;
     int batch_ = 0;
     int commits_ = 0;
     int yields_ = 0;

@@ -6,9 +6,12 @@
 #include "depth/pass_rhythm.h"
 #include "text/numbers.h"
 #include "workstation/busy_guard.h"
+#include "workstation/events.h"
 #include "workstation/help_box.h"
 #include "workstation/messages.h"
 #include "workstation/workstation.h"
+
+#include <optional>
 
 namespace depth {
 
@@ -23,13 +26,23 @@ db::Recordset OpenStrokes(Workstation& ws, db::Database& db) {
                             " ORDER BY PACKET_NUM");
 }
 
+// The repair runs with errors ignored: a statement that fails is passed
+// over and the next one runs, as far as the end, where the count is taken
+// and the message shows whatever happened on the way.
+template <class Step> void Resume(Step&& step) {
+    try {
+        step();
+    } catch (...) {
+    }
+}
+
 void Rebuild(Workstation& ws, db::Database& db, db::Recordset& rs) {
-    rs = OpenStrokes(ws, db);
-    if (rs.RecordCount() == 0) return;
-    rs.MoveFirst();
-    rs.MoveLast();
-    const int32_t last = rs.AbsolutePosition();
-    rs.MoveFirst();
+    Resume([&] { rs = OpenStrokes(ws, db); });
+    int32_t last = 0;
+    Resume([&] { rs.MoveFirst(); });
+    Resume([&] { rs.MoveLast(); });
+    Resume([&] { last = rs.AbsolutePosition(); });
+    Resume([&] { rs.MoveFirst(); });
 
     auto& help = ws.fm_help;
     help.pgbar.setRange(0, last + 100);
@@ -40,28 +53,53 @@ void Rebuild(Workstation& ws, db::Database& db, db::Recordset& rs) {
     station::help_msg(ws, "Recalculating Pump strokes");
     station::help_msg(ws, "Please wait...");
 
-    PassRhythm rhythm(ws, db, kStrokesBatch);
-    rhythm.yieldNow();
+    std::optional<PassRhythm> rhythm;
+    Resume([&] { rhythm.emplace(ws, db, kStrokesBatch); });
+    station::DoEvents(ws);
 
-    const db::Variant first = rs.Fields(1);
-    int32_t total = first.isNull() ? 0 : first.toLong();
+    int32_t total = 0;
+    Resume([&] {
+        const db::Variant first = rs.Fields(1);
+        total = first.isNull() ? 0 : first.toLong();
+    });
     int32_t spm = 0;
-    while (!rs.Eof()) {
-        const db::Variant s = rs.Fields(0);
-        if (!s.isNull()) spm = s.toLong();
+    // A recordset that is not there has no rows to go through.
+    const auto atEnd = [&] {
+        try {
+            return rs.Eof();
+        } catch (...) {
+            return true;
+        }
+    };
+    while (!atEnd()) {
+        Resume([&] {
+            const db::Variant s = rs.Fields(0);
+            if (!s.isNull()) spm = s.toLong();
+        });
         // One tenth of a minute's strokes per record, the fraction dropped,
         // as the record writer counts them.
         total = static_cast<int32_t>(text::Fix(spm / 10.0 + total));
-        rhythm.beginWrite();
-        rs.Edit();
-        rs.SetField(1, static_cast<long long>(total));
-        rs.Update();
-        rhythm.endWrite();
-        rhythm.yield();
+        bool written = false;
+        Resume([&] {
+            rhythm.value().beginWrite();
+            rs.Edit();
+            rs.SetField(1, static_cast<long long>(total));
+            rs.Update();
+            written = true;
+        });
+        // A row whose write failed is left as it was, and the batch goes on.
+        if (!written) Resume([&] { rs.CancelUpdate(); });
+        Resume([&] { rhythm.value().endWrite(); });
+        if (rhythm) Resume([&] { rhythm->yield(); });
         if (help.pgbar.value() + 1 <= help.pgbar.max()) help.pgbar.setValue(help.pgbar.value() + 1);
-        rs.MoveNext();
+        try {
+            rs.MoveNext();
+        } catch (...) {
+            break;
+        }
     }
-    rhythm.commit();
+    Resume([&] { rhythm.value().commit(); });
+    Resume([&] { rhythm.reset(); });
     ws.depth.Gtotal_strokes = total;
     station::disply_text_alarms(ws, "Total Strokes Fixed");
 }
@@ -76,12 +114,7 @@ void Fix_total_strokes(Workstation& ws) {
     }
     db::Database db;
     db::Recordset rs;
-    try {
-        Rebuild(ws, db, rs);
-    } catch (...) {
-        // The repair runs with errors ignored: what was written stands, and
-        // the stroke total keeps its value.
-    }
+    Rebuild(ws, db, rs);
     ws.fm_help.form.setVisible(false);
     rs.Close();
     db.Close();

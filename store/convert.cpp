@@ -102,14 +102,15 @@ int ConvertDatabase(Workstation& ws, const QString& path) {
                 st.Grecords.SetField(m.column, Converted(from.Fields(m.old), m.as));
             st.Grecords.Update();
             if (counter % 10 == 0) {
+                // The loop runs only between two batches, never inside one.
                 batch->Commit();
                 station::DoEvents(ws);
-                batch = std::make_unique<db::Transaction>(st.Gdb);
                 station::DoEvents(ws);
                 help.lbl_help.setCaption(text::Format(100.0 * counter / total, u"0#.00") +
                                          "% done  ");
                 help.pgbar.setValue(counter);
                 station::DoEvents(ws);
+                batch = std::make_unique<db::Transaction>(st.Gdb);
             }
         }
         // 7.

@@ -11,11 +11,12 @@
 // puts a new file under the same name), and dropped after any failure, which
 // rolls back what was open just as a close would.
 //
-// One case never waits: when a long job of this program holds the file's
-// write lock (it is inside a transaction and let the event loop run), the
-// writer could only wait for a lock that is released after it returns. The
-// row then goes into that job's transaction as a nested one, and is committed
-// with it.
+// The row always commits on its own. No job of this program lets the event
+// loop run while it holds the file's write lock (a long pass commits its
+// batch before it yields), so inside this program the lock is always free
+// when a packet comes in. Another program holding it (a copy, a look with an
+// SQLite tool) is waited for up to the connection's busy time-out, and then
+// the row fails with "DB Write Err" like any other failure.
 #include "store/record_writer.h"
 
 #include "db/file_id.h"
@@ -24,6 +25,8 @@
 #include "text/numbers.h"
 #include "workstation/messages.h"
 #include "workstation/workstation.h"
+
+#include <optional>
 
 namespace store {
 
@@ -106,14 +109,9 @@ bool SameSecond(const QDateTime& a, const QDateTime& b) {
 }
 
 // The connection the row goes through (see the top of the file).
-db::Database WriterConnection(Workstation& ws, bool& nested) {
+db::Database WriterConnection(Workstation& ws) {
     auto& st = ws.db;
     const QString path = ws.fm_Gas_Chart.txt_db_path.text();
-    if (auto holder = db::Connection::WriteHolder(path)) {
-        nested = true;
-        return db::Database(holder);
-    }
-    nested = false;
     const uint64_t id = db::FileId(path);
     if (st.writerDb.isOpen() && st.writerPath == path && id != 0 && id == st.writerFileId)
         return st.writerDb;
@@ -160,18 +158,19 @@ bool SaveKWData(Workstation& ws) {
     }
 
     int pt = 0;
-    bool began = false;
-    bool nested = false;
     db::Database db;
     db::Recordset rs;
+    // Up to and including Update the row is taken back when the guard goes;
+    // a failed commit is not, the engine has already ended that transaction
+    // or the close below ends it.
+    std::optional<db::Transaction> row;
     try {
         // 7. Append only: the row is added, nothing is read.
-        db = WriterConnection(ws, nested);
+        db = WriterConnection(ws);
         rs = db.OpenRecordset(db::RecordQuery(ws.db.Gtable_name), db::RecordsetType::AppendOnly);
         // 8.
         pt = 1;
-        db.BeginTrans();
-        began = true;
+        row.emplace(db);
         pt = 2;
         rs.AddNew();
         st.NextRecordId += 1;
@@ -233,7 +232,7 @@ bool SaveKWData(Workstation& ws) {
         pt = kUpdateStep;
         rs.Update();
         pt = kCommitStep;
-        db.CommitTrans();
+        row->Commit();
         pt = kCommitStep + 1;
         // 19.
         rs.Close();
@@ -248,23 +247,15 @@ bool SaveKWData(Workstation& ws) {
             station::disply_text_alarms(
                 ws, "DB Write Err: " + (dbe ? dbe->description() : QString::fromUtf8(e.what())) +
                         " " + QString::number(number) + "  Err point: " + QString::number(pt));
-        // Up to and including Update the row is taken back; a failed commit
-        // is not, the engine has already ended that transaction or the close
-        // below ends it.
-        if (began && pt < kCommitStep) {
-            try {
-                db.Rollback();
-            } catch (const std::exception&) {
-                // The close below rolls back whatever is still open.
-            }
-        }
+        row.reset();
         rs.Close();
-        if (!nested) st.writerDb.Close();
+        st.writerDb.Close();
         return false;
     }
 
-    // 20.
+    // 20. The logs and the minimised title name the unit of the newest row.
     st.RecordCount += 1;
+    ws.packet.UnitSerial = f[SERIALNUM];
     return true;
 }
 

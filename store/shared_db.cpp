@@ -1,6 +1,7 @@
 // The shared set: opened, closed, and the chart's marks put at the newest or
 // the first record.
 #include "db/job_error.h"
+#include "db/job_path.h"
 #include "db/schema.h"
 #include "store/lifecycle.h"
 #include "workstation/busy_guard.h"
@@ -55,6 +56,8 @@ void OpenSharedDb(Workstation& ws, QString& path, bool& verify) {
         pt = 3;
         const bool fromControl = path.isEmpty();
         if (fromControl) path = ws.fm_Gas_Chart.txt_db_path.text();
+        path = db::JobPath(path);
+        if (fromControl) ws.fm_Gas_Chart.txt_db_path.setText(path);
         pt = 4;
         if (verify) {
             verify = false;
@@ -91,6 +94,9 @@ void PrimeLastRecord(Workstation& ws) {
             st.Grecords.MoveLast();
             st.Grecords.MovePrevious();
             position = st.Grecords.AbsolutePosition();
+            // The logs and the minimised title name the unit of the records.
+            if (!st.Grecords.Bof())
+                ws.packet.UnitSerial = st.Grecords.Fields("SERIAL_NUM").toText();
         }
         ws.chart.LastRecord = position;
         ws.chart.ChartTopRecord = position;

@@ -16,22 +16,6 @@ namespace store {
 
 namespace {
 
-// Failures of the file as such: no conversion can mend them, and the open
-// that follows reports them in the system's words.
-bool FileItselfFails(int number) {
-    switch (number) {
-    case db::err::FileNotFound:
-    case db::err::NotADatabase:
-    case db::err::Locked:
-    case db::err::NoPermission:
-    case db::err::DiskError:
-    case db::err::Damaged:
-        return true;
-    default:
-        return false;
-    }
-}
-
 // Steps 3: the upgrade path of every open, errors ignored (a column that is
 // there already is the usual case). A file made by another tool may lack the
 // unique index on PACKET_NUM; it gets it unless its packet numbers repeat.
@@ -80,11 +64,13 @@ void Reindex(Workstation& ws, db::Database& db, db::Recordset& rs) {
     int countdown = 10;
     for (; !rs.Eof(); rs.MoveNext()) {
         if (--countdown == 0) {
+            // The loop runs between two batches, never inside one: the live
+            // writer goes on adding rows while a long job re-indexes.
             batch->Commit();
             countdown = 1000;
-            batch = std::make_unique<db::Transaction>(db);
             station::DoEvents(ws);
             help.pgbar.setValue(st.NextRecordId);
+            batch = std::make_unique<db::Transaction>(db);
         }
         const db::Variant id = rs.Fields("ID");
         if (id.isNull() || id.kind() != db::Variant::Kind::Long ||
@@ -120,8 +106,10 @@ void VerifyDatabase(Workstation& ws, QString& path) {
         db.OpenRecordset(" SELECT * FROM " + ws.db.Gtable_name + " WHERE 0 ORDER BY PACKET_NUM")
             .Close();
         db.Close();
-    } catch (const db::DbError& e) {
-        if (FileItselfFails(e.number())) return;
+    } catch (const db::DbError&) {
+        // Whatever the failure (an older table, a damaged or locked file, no
+        // data base at all), the user is asked; the conversion only reads
+        // the file, and says so when it can't.
         if (ws.dialogs().MsgBox("This data base is not compatible with the new version"
                                 "\r\nWould you like to convert it?",
                                 platform::Buttons::YesNo, "CONVERT DATA BASE TO NEW TYPE?",

@@ -1,20 +1,37 @@
 #include "workstation/events.h"
 
+#include "db/connection.h"
 #include "workstation/workstation.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
+#include <QLoggingCategory>
 #include <QThread>
+
+Q_LOGGING_CATEGORY(lcLoop, "gaschart.loop")
 
 namespace station {
 
-void DoEvents(Workstation&) {
+namespace {
+// The live writer runs inside the loop: a job that lets the loop run while
+// it holds the file's write lock would make it wait in vain.
+void WatchWriteLock(Workstation& ws) {
+    const QString held = db::Connection::WriteLockHeld();
+    if (held.isEmpty()) return;
+    ws.loop.yieldsHoldingWriteLock += 1;
+    qCWarning(lcLoop) << "the event loop ran while a write lock was held on" << held;
+}
+} // namespace
+
+void DoEvents(Workstation& ws) {
+    WatchWriteLock(ws);
     if (QCoreApplication::instance()) QCoreApplication::processEvents();
 }
 
 void WaitEvents(Workstation& ws) {
     QTimer* delay = ws.timer("tmr_delay");
     if (QCoreApplication::instance() && delay && delay->isActive()) {
+        WatchWriteLock(ws);
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
         return;
     }

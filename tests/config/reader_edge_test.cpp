@@ -143,9 +143,9 @@ TEST(ConfigReader, ValuesAreConvertedAndChoicesDriveWhatTheyName) {
     EXPECT_EQ(p.op_wits_item.value(), 2);
     EXPECT_EQ(st.ws.chart.Gwits_column, 2);
     EXPECT_EQ(st.ws.packet.Gserial_number, "42");
-    // The control box's floor of 10 seconds.
-    EXPECT_EQ(st.ws.chart.Grefresh_seconds, 10);
-    EXPECT_EQ(st.ws.fm_Gas_Chart.txt_refresh_timer.text(), "10");
+    // The file's value as it stands: the floor of 10 is the control box's.
+    EXPECT_EQ(st.ws.chart.Grefresh_seconds, 4);
+    EXPECT_EQ(st.ws.fm_Gas_Chart.txt_refresh_timer.text(), "4");
     EXPECT_EQ(p.txt_autotally_minutes.text(), "30");
     EXPECT_EQ(st.ws.settings.stats_countdown, 1800);
     EXPECT_EQ(p.lbl_Stats_Countdown.caption(), "1800");

@@ -3,6 +3,7 @@
 // on.
 #include "station.h"
 
+#include <QFile>
 #include <QProcess>
 #include <gtest/gtest.h>
 #include <unistd.h>
@@ -78,11 +79,26 @@ TEST(Faults, AFileThatIsNoDataBaseIsReportedAndLeftAlone) {
     f.close();
     const QByteArray before = s.folder.read("DB_CUE/JOB.DB").toLatin1();
 
+    // The failed test open asks whether to convert; No leaves it as it is.
     s.open();
     EXPECT_TRUE(s.lastMessage().startsWith("Open DB Err: The file is not a data base '" + s.job))
         << s.lastMessage().toStdString();
-    EXPECT_TRUE(s.dialogs.boxes.empty());
+    ASSERT_EQ(s.dialogs.boxes.size(), 1u);
+    EXPECT_EQ(s.dialogs.boxes[0].title, "CONVERT DATA BASE TO NEW TYPE?");
     EXPECT_FALSE(s.ws.db.Grecords.isOpen());
+
+    // Yes: the conversion can't read it and says so; nothing is changed and
+    // nothing left beside it.
+    const auto failures = [&] { return s.messages().filter("Open DB Err: ").size(); };
+    const auto before_yes = failures();
+    s.dialogs.answers.push_back(platform::Answer::Yes);
+    s.open();
+    EXPECT_EQ(s.dialogs.boxes.size(), 2u);
+    // One from the conversion, one from the open after it.
+    EXPECT_EQ(failures(), before_yes + 2) << s.messages().join('|').toStdString();
+    EXPECT_EQ(s.folder.read("DB_CUE/JOB.DB").toLatin1(), before);
+    EXPECT_FALSE(QFile::exists(s.job + ".new"));
+    EXPECT_FALSE(QFile::exists(s.job + ".old"));
     PrimeLastRecord(s.ws); // the refresh's reopen fails the same way, quietly
 
     s.save(1);

@@ -226,35 +226,3 @@ TEST(RecordWriter, RowsFollowThePathAndTheFileUnderIt) {
     EXPECT_EQ(RawDb(other).packets(), "3");
     EXPECT_EQ(s.rows(), 1);
 }
-
-TEST(RecordWriter, ALongJobHoldingTheWriteLockDoesNotCostALiveRow) {
-    Station s;
-    s.save(1);
-    // A long job of this program edits inside a transaction and lets the
-    // loop run: the live row must neither wait nor fail.
-    db::Database job = db::OpenDatabase(s.job);
-    db::Recordset rs = job.OpenRecordset(db::RecordQuery(db::kRecordTable));
-    job.BeginTrans();
-    rs.Edit();
-    rs.SetField("LAG_GU", 4321.0);
-    rs.Update();
-    s.save(2);
-    EXPECT_FALSE(s.ws.db.Gdb_error);
-    EXPECT_EQ(job.TransactionLevel(), 1);
-    job.CommitTrans();
-    EXPECT_EQ(s.rows(), 2);
-    EXPECT_EQ(s.column(1, "LAG_GU"), "4321.0");
-
-    // A failed live row inside such a job takes back only itself.
-    job.BeginTrans();
-    rs.Edit();
-    rs.SetField("LAG_GU", 1.0);
-    rs.Update();
-    s.packet(3);
-    s.ws.packet.Gombri_data_array[acq::PACKETNUM] = "2";
-    SaveKWData(s.ws);
-    EXPECT_TRUE(s.ws.db.Gdb_error);
-    job.CommitTrans();
-    EXPECT_EQ(s.rows(), 2);
-    EXPECT_EQ(s.column(1, "LAG_GU"), "1.0");
-}

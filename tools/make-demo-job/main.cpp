@@ -13,6 +13,7 @@
 
 #include "acquisition/main_loop.h"
 #include "acquisition/tick_table.h"
+#include "db/file_id.h"
 #include "db/schema.h"
 #include "store/lifecycle.h"
 #include "tools/common/drilling_model.h"
@@ -74,14 +75,13 @@ bool Write(const Args& args, const QString& path) {
     ws.db.NextRecordId = 0;
     ws.wits.Gwits_alive = 60;
 
-    // Unless every row is to stand on its own, the rows go into batches
-    // held on a connection of the tool's: the writer joins a transaction
-    // that holds the file, and a flush a thousand rows is enough here.
-    db::Database batch;
-    if (!args.report) {
-        batch = db::OpenDatabase(path);
-        batch.BeginTrans();
-    }
+    // Every row is committed on its own, as live. The record writer's
+    // connection is opened here first with the disk's flushes off: a job
+    // that is made again whenever it is lost need not wait for the disk.
+    ws.db.writerDb = db::OpenDatabase(path);
+    ws.db.writerDb.Execute("PRAGMA synchronous = OFF");
+    ws.db.writerPath = path;
+    ws.db.writerFileId = db::FileId(path);
     drill::Options opt;
     opt.seed = args.seed;
     drill::Model model(opt);
@@ -98,14 +98,7 @@ bool Write(const Args& args, const QString& path) {
             std::printf("%ld %d %s\n", s.packetNumber, ws.db.NextRecordId,
                         qPrintable(s.fields[acq::GASUNITS]));
             std::fflush(stdout);
-        } else if (i % 1000 == 999) {
-            batch.CommitTrans();
-            batch.BeginTrans();
         }
-    }
-    if (!args.report) {
-        batch.CommitTrans();
-        batch.Close();
     }
     store::CloseSharedDb(ws);
     return true;

@@ -1,0 +1,142 @@
+// What the start-up leaves of the job it opens: the lag of the newest
+// records, the unit named in the logs, the job's name, the refresh period.
+#include "acquisition/startup.h"
+#include "config/config_file.h"
+#include "db/schema.h"
+#include "depth/lag.h"
+#include "program_folder.h"
+#include "raw_db.h"
+#include "scripted_dialogs.h"
+#include "store/record_writer.h"
+#include "workstation/workstation.h"
+
+#include <QDir>
+#include <QFile>
+#include <QRegularExpression>
+#include <gtest/gtest.h>
+
+using testkit::ProgramFolder;
+using testkit::RawDb;
+
+namespace {
+
+// A program folder with a job of 1000 records drilled at 0.1 ft a record,
+// pumps at 100 (10 strokes a record), unit "KW2207".
+struct Unit {
+    ProgramFolder folder;
+    testkit::ScriptedDialogs dialogs;
+    QString job = folder.file("DB_CUE/WELL7.DB");
+
+    Unit() {
+        QDir().mkpath(folder.file("DB_CUE"));
+        db::MakeBlankJob(job, db::kRecordTable);
+        RawDb raw(job);
+        raw.exec("BEGIN");
+        for (int i = 0; i < 1000; ++i)
+            raw.exec(QString("INSERT INTO OMBRI_DB_010 (ID, PACKET_NUM, SERIAL_NUM, DT, DEPTH, "
+                             "MIN_FT, ERR_TXT, TOTAL_SPM, TOTAL_STROKES) VALUES (%1, %1, "
+                             "'KW2207', datetime('2026-11-01 06:00:00', '+%2 seconds'), %3, 1, "
+                             "'0', 100, %4)")
+                         .arg(i + 1)
+                         .arg(6 * i)
+                         .arg(1000 + 0.1 * i)
+                         .arg(1000 + 10 * i));
+        raw.exec("COMMIT");
+    }
+
+    // The settings and the lag zones as the operator left them: one zone
+    // over the whole hole, by strokes or by time.
+    void leaveSettings(bool byTime, const QString& jobName) {
+        Workstation before(folder.path());
+        auto& p = before.fm_setup;
+        before.fm_Gas_Chart.txt_db_path.setText(job);
+        depth::CreateLagTable(before);
+        p.txt_Lag_Start_Depth[1].setText("0");
+        p.txt_Lag_End_Depth[1].setText("30000");
+        p.txt_str_per_100ft[1].setText("200");
+        p.txt_lag_min[1].setText("3");
+        p.op_lag_calc_Time.setValue(byTime ? 1 : 0);
+        p.op_lag_calc_Str.setValue(byTime ? 0 : 1);
+        depth::WriteLagTable(before);
+        before.fm_Gas_Chart.txt_db_path.setText(jobName);
+        config::WriteConfigFile(before);
+    }
+
+    QString newestLag() {
+        return RawDb(job).value("SELECT group_concat(LAG_GU) FROM (SELECT LAG_GU FROM "
+                                "OMBRI_DB_010 ORDER BY PACKET_NUM DESC LIMIT 50)");
+    }
+};
+
+} // namespace
+
+TEST(StartupJob, TheNewestRecordsAreLaggedByTheirZonesBeforeAnyTimerTick) {
+    for (const bool byTime : {false, true}) {
+        SCOPED_TRACE(byTime ? "by time" : "by strokes");
+        Unit u;
+        u.leaveSettings(byTime, u.job);
+        testkit::WiredWorkstation ws(u.folder.path(), &u.dialogs);
+        ASSERT_TRUE(acq::Form_Load(ws));
+        ws.StopTimers();
+        const QString atStart = u.newestLag();
+        // What the timers give once they have run: the same lag.
+        depth::tmr_lag_calc_Timer(ws);
+        depth::RecalculateLag(ws, 400, 0, 0);
+        EXPECT_EQ(u.newestLag(), atStart);
+        // And it is the zone's lag, well behind the bit (2 strokes a foot or
+        // 0.03 minutes a foot at 1100 ft: 22 ft or 33 ft back), not the line
+        // lag alone (2 ft) or none.
+        const double lag = RawDb(u.job)
+                               .value("SELECT LAG_GU FROM OMBRI_DB_010 ORDER BY PACKET_NUM "
+                                      "DESC LIMIT 1")
+                               .toDouble();
+        EXPECT_GT(lag, 1000);
+        EXPECT_LT(lag, 1099.9 - 15);
+        EXPECT_FALSE(ws.db.Gdb_error);
+    }
+}
+
+TEST(StartupJob, TheLogsNameTheUnitOfTheRecordsAndThenOfEachPacket) {
+    Unit u;
+    u.leaveSettings(false, u.job);
+    testkit::WiredWorkstation ws(u.folder.path(), &u.dialogs);
+    ASSERT_TRUE(acq::Form_Load(ws));
+    ws.StopTimers();
+    EXPECT_EQ(ws.packet.UnitSerial, "KW2207");
+    EXPECT_TRUE(u.folder.read("ERR_LOG.TXT").contains("** KW2207 - ")) << "the open's lines";
+
+    auto& f = ws.packet.Gombri_data_array;
+    for (auto& x : f) x = "0";
+    f[acq::SERIALNUM] = "KW3100";
+    f[acq::DATE] = "11/02/2026";
+    f[acq::OMBRITIME] = "08:00:00";
+    f[acq::PACKETNUM] = "5000";
+    ASSERT_TRUE(store::SaveKWData(ws));
+    EXPECT_EQ(ws.packet.UnitSerial, "KW3100");
+    ws.fm_Gas_Chart.minimized = true;
+    EXPECT_TRUE(acq::MainTitle(ws).startsWith("KW3100 Ver "));
+}
+
+TEST(StartupJob, AJobNamedWithTheOlderSuffixOpensUnderDbAndTheRefreshKeepsItsValue) {
+    Unit u;
+    // The settings name the job as the older generation did, and a refresh
+    // of 5 seconds, under the control box's floor.
+    QString older = u.job;
+    older.replace(".DB", ".MDB");
+    u.leaveSettings(false, older);
+    QString settings = u.folder.read("OM_10_config.txt");
+    settings.replace(QRegularExpression("\\[REFRESH TIMER SECONDS\\][^\\r\\n]*"),
+                     "[REFRESH TIMER SECONDS] 5");
+    QFile file(u.folder.file("OM_10_config.txt"));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(settings.toLatin1());
+    file.close();
+
+    testkit::WiredWorkstation ws(u.folder.path(), &u.dialogs);
+    ASSERT_TRUE(acq::Form_Load(ws));
+    ws.StopTimers();
+    EXPECT_EQ(ws.fm_Gas_Chart.txt_db_path.text(), u.job);
+    EXPECT_EQ(ws.db.Grecords.RecordCount(), 1000);
+    EXPECT_FALSE(QFile::exists(older)) << "no new job was made under the older name";
+    EXPECT_EQ(ws.chart.Grefresh_seconds, 5);
+}
