@@ -110,6 +110,8 @@ TEST_F(StatsJob, TheEventLoopTurnsDuringARunAndTheTimersGoOn) {
     EXPECT_GE(turns, 2);
     EXPECT_EQ(ws.settings.stats_countdown, 500 - turns);
     EXPECT_EQ(status().last(), "Job Done");
+    // The report only reads: it never holds the file's write lock.
+    EXPECT_EQ(ws.loop.yieldsHoldingWriteLock, 0);
     // The bar went along with the passes (the days to half way, the tally
     // on to the end) and is back at rest; the box told the story.
     EXPECT_GT(mostBar, 50);
