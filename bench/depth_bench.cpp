@@ -3,99 +3,18 @@
 // takes for one statement that reads the same columns in packet order, and
 // for one that rewrites LAG_GU and DATA1 of every row.
 //
-// The job is made once into the system's temporary folder and reused by
-// later runs; delete gaschart-depth-bench there to make it again.
-#include "db/recordset.h"
-#include "db/schema.h"
+// The job is made once (big_job.h).
+#include "big_job.h"
 #include "depth/lag.h"
-#include "tools/common/drilling_model.h"
 #include "workstation/workstation.h"
 
 #include <QCoreApplication>
-#include <QDir>
-#include <QFile>
-#include <QProcess>
 #include <QTemporaryDir>
-#include <benchmark/benchmark.h>
-#include <cstdio>
-#include <sys/resource.h>
 
 namespace {
 
-constexpr int kRecords = 1000000;
-
-QString JobPath() {
-    return QDir::tempPath() + "/gaschart-depth-bench/JOB_1M.db";
-}
-
-int32_t CountRecords(const QString& path) {
-    try {
-        db::Database db = db::OpenDatabase(path);
-        return db.OpenRecordset(db::RecordQuery(db::kRecordTable)).RecordCount();
-    } catch (const db::DbError&) {
-        return -1;
-    }
-}
-
-// The job as the live writer would have left it, written through the store
-// in large transactions.
-void MakeJob(const QString& path) {
-    QDir().mkpath(QFileInfo(path).path());
-    QFile::remove(path);
-    QFile::remove(path + "-wal");
-    QFile::remove(path + "-shm");
-    db::MakeBlankJob(path, db::kRecordTable);
-    db::Database db = db::OpenDatabase(path);
-    db::Recordset rs = db.OpenRecordset(db::RecordQuery(db::kRecordTable));
-    drill::Model model;
-    long total = 0;
-    db.BeginTrans();
-    for (int i = 0; i < kRecords; ++i) {
-        const drill::Sample s = model.next();
-        const long spm = static_cast<long>(s.spm);
-        // The record writer's rule: a tenth of a minute's strokes per row.
-        total = static_cast<long>(spm / 10.0 + total);
-        const auto& f = s.fields;
-        rs.AddNew();
-        rs.SetField("ID", i + 1);
-        rs.SetField("PACKET_NUM", static_cast<long long>(s.packetNumber));
-        rs.SetField("SERIAL_NUM", f[0]);
-        rs.SetField("DATE_TXT", f[1]);
-        rs.SetField("TIME_TXT", f[2]);
-        rs.SetField("DT", s.time);
-        rs.SetField("DEPTH", f[3].toDouble());
-        rs.SetField("DEPTH_RAW", f[3].toDouble());
-        rs.SetField("GAS_UNITS", f[4].toDouble());
-        rs.SetField("O2", f[5].toDouble());
-        rs.SetField("CO2", f[6].toDouble());
-        rs.SetField("MIN_FT", f[9].toDouble());
-        rs.SetField("FT_HR", f[10].toDouble());
-        rs.SetField("H2S", f[19].toDouble());
-        rs.SetField("ERR_TXT", s.pumpsOn ? f[20] : f[20] + " *");
-        static const char* const kGases[] = {"C1", "C2", "C3", "IC4", "NC4"};
-        for (int g = 0; g < 5; ++g) rs.SetField(kGases[g], f[29 + g].toDouble());
-        rs.SetField("BIT_DEPTH", s.bitDepth);
-        rs.SetField("TOTAL_SPM", static_cast<double>(spm));
-        rs.SetField("TOTAL_STROKES", static_cast<double>(total));
-        rs.Update();
-        if (i % 50000 == 49999) {
-            db.CommitTrans();
-            db.BeginTrans();
-            std::fprintf(stderr, "\rmaking the job: %d records", i + 1);
-        }
-    }
-    db.CommitTrans();
-    std::fprintf(stderr, "\n");
-}
-
-const QString& Job() {
-    static const QString path = [] {
-        const QString p = JobPath();
-        if (CountRecords(p) != kRecords) MakeJob(p);
-        return p;
-    }();
-    return path;
-}
+using bigjob::Floor;
+using bigjob::Job;
 
 // A workstation over a temporary program folder, working on the job.
 struct Station {
@@ -111,28 +30,6 @@ struct Station {
 
 void CheckNoError(benchmark::State& state, Workstation& ws) {
     if (ws.db.Gdb_error) state.SkipWithError("the pass failed; see ERR_LOG.TXT");
-}
-
-// CPU seconds of the finished child processes so far: on a shared machine
-// the tool's own CPU time is a steadier floor than its wall time.
-double ChildCpuSeconds() {
-    rusage u{};
-    getrusage(RUSAGE_CHILDREN, &u);
-    return double(u.ru_utime.tv_sec + u.ru_stime.tv_sec) +
-           double(u.ru_utime.tv_usec + u.ru_stime.tv_usec) / 1e6;
-}
-
-// One statement of the sqlite3 tool on the job, its output thrown away.
-void Floor(benchmark::State& state, const QString& sql) {
-    const double cpu = ChildCpuSeconds();
-    for (auto _ : state) {
-        QProcess p;
-        p.setStandardOutputFile(QProcess::nullDevice());
-        p.start("sqlite3", {"-batch", Job(), sql});
-        if (!p.waitForFinished(-1) || p.exitCode() != 0)
-            state.SkipWithError("the sqlite3 tool failed");
-    }
-    state.counters["tool_cpu_ms"] = (ChildCpuSeconds() - cpu) * 1000 / double(state.iterations());
 }
 
 void StrokesPass(benchmark::State& state) {

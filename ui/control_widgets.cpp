@@ -8,6 +8,7 @@
 #include <QButtonGroup>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QFontDatabase>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
@@ -28,17 +29,12 @@ const struct {
     const char* name;
     Kind kind;
 } kByName[] = {
-    {"text_window", Kind::TextArea},
-    {"wits_info", Kind::List},
-    {"wav_test", Kind::Button},
-    {"Manual_Gamma_Lag", Kind::CheckBox},
-    {"pgbar", Kind::Progress},
-    {"txt_message", Kind::TextArea},
-    {"txt_help", Kind::TextArea},
-    {"txt_stats_output", Kind::TextArea},
-    {"txt_Zone1_text", Kind::TextArea},
-    {"txt_Raw_WITS_In", Kind::TextArea},
-    {"txt_Raw_WITS_Out", Kind::TextArea},
+    {"text_window", Kind::TextArea},     {"wits_info", Kind::List},
+    {"wav_test", Kind::Button},          {"Manual_Gamma_Lag", Kind::CheckBox},
+    {"pgbar", Kind::Progress},           {"txt_message", Kind::TextArea},
+    {"txt_help", Kind::TextArea},        {"txt_stats_output", Kind::TextArea},
+    {"txt_stats", Kind::TextArea},       {"txt_Zone1_text", Kind::TextArea},
+    {"txt_Raw_WITS_In", Kind::TextArea}, {"txt_Raw_WITS_Out", Kind::TextArea},
 };
 
 // Prefixes of the control names, tried in order; case does not matter
@@ -89,7 +85,16 @@ QWidget* makeBound(Workstation& ws, const forms::Panel& panel, forms::Control& c
     }
     case Kind::TextArea: {
         auto* area = new QPlainTextEdit(parent);
-        area->setMinimumHeight(area->fontMetrics().lineSpacing() * 4);
+        // The statistics report lines its tally up in columns: a whole tally
+        // line is in view.
+        if (c.name() == QLatin1String("txt_stats_output")) {
+            area->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+            area->setLineWrapMode(QPlainTextEdit::NoWrap);
+            area->setMinimumWidth(area->fontMetrics().horizontalAdvance(QString(80, u'0')));
+            area->setMinimumHeight(area->fontMetrics().lineSpacing() * 16);
+        }
+        area->setMinimumHeight(
+            std::max(area->minimumHeight(), area->fontMetrics().lineSpacing() * 4));
         w = area;
         break;
     }

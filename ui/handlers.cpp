@@ -12,6 +12,7 @@
 #include "forms/panel.h"
 #include "products/autogen.h"
 #include "products/omd.h"
+#include "stats/statistics.h"
 #include "store/lifecycle.h"
 #include "wits/wits_link.h"
 #include "workstation/workstation.h"
@@ -136,6 +137,11 @@ const Route kRoutes[] = {
     route(kWits, "ck_Use_Local_WITS", On::Click, &wits::ck_Use_Local_WITS_Click),
     route(kWits, "cmd_Search_For_WITS", On::Click, &wits::cmd_Search_For_WITS_Click),
     route(kWits, "txt_Raw_WITS_Out", On::DblClick, &wits::txt_Raw_WITS_Out_DblClick),
+    // The statistics report.
+    route(kSetup, "cmd_calculate_stats", On::Click, &stats::cmd_calculate_stats_Click),
+    route(kSetup, "cmd_autotally_browse", On::Click, &stats::cmd_autotally_browse_Click),
+    route(kSetup, "txt_autotally_minutes", On::Commit, &stats::txt_autotally_minutes_Commit),
+    route(kSetup, "txt_autotally_minutes", On::Change, &stats::txt_autotally_minutes_Change),
     // The data viewer: the live terminal and the two links at its foot.
     route(kViewer, "text_window", &acq::text_window_KeyPress),
     route(kViewer, "lbl_open_errors", On::Click, &acq::lbl_open_errors_Click),

@@ -26,6 +26,7 @@
 #include "workstation/products_state.h"
 #include "workstation/services.h"
 #include "workstation/settings.h"
+#include "workstation/stats_state.h"
 #include "workstation/store_state.h"
 #include "workstation/timers.h"
 #include "workstation/wits_state.h"
@@ -66,6 +67,7 @@ class Workstation {
     wits::WitsState wits;
     products::ProductsState products;
     alarms::AlarmState alarms;
+    stats::StatsState stats;
     // Kept settings that are not a setup panel control (chart scales,
     // gains, curve colours).
     config::Settings settings;

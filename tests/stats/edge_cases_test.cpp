@@ -1,0 +1,202 @@
+// The report on jobs that give it little to go on: too short for a day, no
+// bit depth, a report folder that can't be written to.
+#include "stats_fixture.h"
+
+#include <QCryptographicHash>
+#include <QTimer>
+
+namespace {
+
+using namespace statstest;
+
+// Cycles of 100 records: 80 drilling, a foot every third record, then 20 off
+// bottom; each cycle's stay off bottom is one tally entry.
+std::vector<Rec> Cycles(int records) {
+    std::vector<Rec> rows;
+    for (int i = 0; i < records; ++i) {
+        const int c = i / 100, j = i % 100;
+        const double base = 1000 + 30 * c;
+        rows.push_back(j < 80 ? On(base + j / 3) : Off(base + 26));
+    }
+    return rows;
+}
+
+const QStringList kHeading = {"*************************************************************",
+                              "Ombri Instruments general Stats report and tally generator",
+                              "Date of report generated: 11/03/2026 08:00:00"};
+
+TEST(EdgeCases, AJobShorterThanADayHasATallyButNoDays) {
+    struct Case {
+        int records;
+        bool days;
+        int tallyLines;
+    };
+    // 14449 and 14450 records hold 144 whole cycles; 5 records are too few
+    // for anything, 6 are enough for the tally of none.
+    const Case cases[] = {{14449, false, 144}, {14450, true, 144}, {6, false, 0}};
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.records);
+        Job job;
+        job.add(Cycles(c.records));
+        const QStringList r = job.run();
+        EXPECT_EQ(r.contains("START DATE: 11/01/2026"), c.days);
+        EXPECT_EQ(job.status().contains("Not enough data to generate stats"), !c.days);
+        EXPECT_EQ(Job::tally(r).size(), c.tallyLines);
+        EXPECT_TRUE(job.status().contains("Tally Completed"));
+        EXPECT_TRUE(job.status().contains("Job Done"));
+    }
+}
+
+TEST(EdgeCases, NoBitDepthMeansNoWitsAndAReportOfTwoLines) {
+    struct Case {
+        const char* what;
+        int records;
+        std::optional<double> fourthBit; // the bit depth of the fourth record
+        bool report;                     // statistics and tally written
+    };
+    const Case cases[] = {
+        {"no bit depth in any record", 20000, std::nullopt, false},
+        {"a bit depth of 0", 20000, 0.0, false},
+        // Only the fourth record is looked at, by its size.
+        {"a negative bit depth", 20000, -1020.0, true},
+        {"five records", 5, 1020.0, false},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.what);
+        Job job;
+        std::vector<Rec> rows = Cycles(c.records);
+        if (!c.report && !c.fourthBit)
+            for (Rec& r : rows) r.bit.reset();
+        rows[3].bit = c.fourthBit;
+        job.add(rows);
+        const QStringList r = job.run();
+        ASSERT_GE(r.size(), 6);
+        EXPECT_EQ(r.mid(0, 3), kHeading);
+        EXPECT_EQ(r[3], "Database used: " + job.path);
+        if (c.report) {
+            EXPECT_TRUE(r.contains("START DATE: 11/01/2026"));
+            EXPECT_EQ(Job::tally(r).size(), 200);
+        } else {
+            EXPECT_EQ(r.mid(5),
+                      QStringList({"", "Database does not contain enough WITS information",
+                                   "Unable to generate reports", ""}));
+        }
+        EXPECT_EQ(job.status().contains("Not enough data to build a chart"), c.records < 6);
+        EXPECT_EQ(job.status().last(), "Job Done");
+    }
+}
+
+QByteArray Digest(const QString& file) {
+    QFile f(file);
+    if (!f.open(QIODevice::ReadOnly)) return {};
+    return QCryptographicHash::hash(f.readAll(), QCryptographicHash::Sha256);
+}
+
+TEST(EdgeCases, AReportFolderThatCantBeWrittenIsSaidAndTheJobIsUntouched) {
+    struct Case {
+        const char* what;
+        QString (*name)(const Job&);
+    };
+    const Case cases[] = {
+        {"a missing folder", [](const Job& j) { return j.folder.file("NO_SUCH/AUTOTALLY.TXT"); }},
+        // The job file in the place of the folder: not even root writes there.
+        {"a file where the folder should be",
+         [](const Job& j) { return j.path + "/AUTOTALLY.TXT"; }},
+        {"no name at all", [](const Job&) { return QString(); }},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.what);
+        Job job;
+        job.add(Cycles(15000));
+        const QByteArray before = Digest(job.path);
+        const QStringList filesBefore = QDir(job.folder.file("DB_CUE")).entryList(QDir::Files);
+        const QString name = c.name(job);
+        job.ws.fm_setup.txt_stats_filename.setText(name);
+        job.ws.fm_setup.txt_stats_output.setText("");
+
+        stats::Generate_Stats_Report(job.ws);
+
+        EXPECT_TRUE(
+            job.status().last().startsWith("Unable to write the report file " + name + ": "))
+            << job.status().last().toStdString();
+        EXPECT_EQ(job.ws.fm_setup.txt_stats_output.text(),
+                  "Error in opening file: " + name + "\r\n");
+        EXPECT_EQ(Digest(job.path), before);
+        EXPECT_EQ(QDir(job.folder.file("DB_CUE")).entryList(QDir::Files), filesBefore);
+        EXPECT_FALSE(job.ws.db.Gdb_error);
+        EXPECT_FALSE(job.ws.stats.running);
+    }
+}
+
+TEST_F(StatsJob, TheNewReportTakesThePlaceOfTheOldOnlyWhenWhole) {
+    add(Cycles(15000));
+    {
+        QFile old(report);
+        ASSERT_TRUE(old.open(QIODevice::WriteOnly));
+        old.write("an old report\r\n");
+    }
+    // While the run goes on, whoever reads the report finds the old one
+    // whole; the new one is written out of sight until it is whole.
+    QStringList seen;
+    QTimer look;
+    QObject::connect(&look, &QTimer::timeout, [&] { seen << lines(report).join("|"); });
+    look.start(0);
+    const QStringList r = run();
+    look.stop();
+    EXPECT_EQ(r.value(0), kHeading[0]);
+    ASSERT_FALSE(seen.isEmpty());
+    seen.removeDuplicates();
+    EXPECT_EQ(seen, QStringList({"an old report"})) << "the report was seen half written";
+    // Nothing is left beside it.
+    EXPECT_EQ(QDir(folder.file("DB_CUE")).entryList(QDir::Files),
+              QStringList({"AUTOTALLY.TXT", "JOB.db"}));
+}
+
+} // namespace
+
+namespace {
+
+TEST(EdgeCases, ARecordThatCantBeReadEndsItsPartOfTheReportWithItsOwnError) {
+    struct Case {
+        const char* what;
+        const char* spoil;
+        QStringList logged;
+        bool secondDay; // the day of 11/02 written
+        int tallyLines;
+    };
+    // Cycles of 100 records: record 14410 (packet 14411) drills on 11/02,
+    // record 14490 is the 11th off bottom of its cycle, a tally entry.
+    const Case cases[] = {
+        // A rate is read on bottom only: the days stop, the tally is whole.
+        {"no rate on bottom",
+         "MIN_FT = NULL WHERE PACKET_NUM = 14411",
+         {"Daily Stats Err: Invalid use of Null Err pt: 6"},
+         false,
+         150},
+        {"no depth",
+         "DEPTH = NULL WHERE PACKET_NUM = 14411",
+         {"Daily Stats Err: Invalid use of Null Err pt: 6", "Tally Err: "},
+         false,
+         0},
+        // The time is read only for a connection.
+        {"no time at a connection", "DT = NULL WHERE PACKET_NUM = 14491", {"Tally Err: "}, true, 0},
+        {"no time elsewhere", "DT = NULL WHERE PACKET_NUM = 14411", {}, true, 150},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.what);
+        Job job;
+        job.add(Cycles(15000));
+        db::OpenDatabase(job.path).Execute(QString("UPDATE OMBRI_DB_010 SET ") + c.spoil);
+        const QStringList r = job.run();
+        const QStringList log = job.folder.read("ERR_LOG.TXT").split("\r\n", Qt::SkipEmptyParts);
+        ASSERT_EQ(log.size(), c.logged.size()) << log.join("|").toStdString();
+        for (int i = 0; i < log.size(); ++i)
+            EXPECT_TRUE(log[i].contains(c.logged[i])) << log[i].toStdString();
+        EXPECT_TRUE(r.contains("START DATE: 11/01/2026"));
+        EXPECT_EQ(r.contains("START DATE: 11/02/2026"), c.secondDay);
+        EXPECT_EQ(Job::tally(r).size(), c.tallyLines);
+        EXPECT_EQ(job.status().last(), "Job Done");
+    }
+}
+
+} // namespace

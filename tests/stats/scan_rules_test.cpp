@@ -1,0 +1,156 @@
+// The rules of one record at a time: durations, when a stay off bottom opens
+// a connection slot, when it is a tally entry, and where the tally stops.
+#include "stats/day_block.h"
+#include "stats/report_text.h"
+#include "stats/tally.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using db::Variant;
+
+TEST(ScanRules, Durations) {
+    const std::pair<int64_t, const char*> cases[] = {
+        {0, "00:00:00"},       {59, "00:00:59"},     {61, "00:01:01"},
+        {3600, "01:00:00"},    {86399, "23:59:59"},  {86400, "24:00:00"},
+        {360000, "100:00:00"}, {-300, "-01:-05:00"}, {-606, "-01:-11:-06"},
+    };
+    for (const auto& [s, text] : cases) EXPECT_EQ(stats::Duration(s), text) << s;
+}
+
+// A day's first drilling run, five records off bottom, a second run and five
+// more off bottom.
+stats::DailyCounters Day(int first, int second) {
+    stats::DayScan scan;
+    scan.startBlock(Variant(1000.0));
+    for (int run : {first, second}) {
+        for (int i = 0; i < run; ++i)
+            scan.take(
+                Variant(1000.0), Variant(1000.0), [] { return 1.0; }, Variant(10.0));
+        for (int i = 0; i < 5; ++i)
+            scan.take(
+                Variant(1000.0), Variant(990.0), [] { return 1.0; }, Variant(10.0));
+    }
+    return scan.counters();
+}
+
+TEST(ScanRules, TheFiftyFirstRecordOnBottomOpensAConnectionSlot) {
+    struct Case {
+        int first, second;
+        int slots;
+        std::vector<int32_t> seconds; // slots 0, 1, 2
+    };
+    const Case cases[] = {
+        // After a connection, 50 records drilling join the next stay off
+        // bottom to it; 51 open a slot of its own.
+        {300, 50, 1, {0, 60, 0}},
+        {300, 51, 2, {0, 30, 30}},
+        // The run counts from the last connection: 20 + 30 is not enough,
+        // 20 + 31 is. Before the day's first connection, slot 0.
+        {20, 30, 0, {60, 0, 0}},
+        {20, 31, 1, {30, 30, 0}},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(testing::Message() << c.first << " then " << c.second);
+        const stats::DailyCounters d = Day(c.first, c.second);
+        EXPECT_EQ(d.conn_index, c.slots);
+        for (size_t i = 0; i < c.seconds.size(); ++i) EXPECT_EQ(d.conn_seconds[i], c.seconds[i]);
+        EXPECT_EQ(d.on_records, c.first + c.second);
+        EXPECT_EQ(d.off_records, 10);
+        EXPECT_EQ(d.rop_count, c.first + c.second);
+    }
+}
+
+TEST(ScanRules, TheBitWithinAFootOfTheHoleIsOnBottomAndANullBitStays) {
+    stats::DayScan scan;
+    scan.startBlock(Variant(1000.0));
+    int minFtReads = 0;
+    auto minFt = [&] { return ++minFtReads, 2.0; };
+    scan.take(Variant(1000.0), Variant(999.01), minFt, Variant(5.0)); // on: 999 < 999.01
+    scan.take(Variant(1000.0), Variant(999.0), minFt, Variant(7.0));  // off: 999 is not below
+    scan.take(Variant(1000.0), Variant(), minFt, Variant(3.0));       // Null: still 999, off
+    scan.take(Variant(60000.0), Variant(999.5), minFt, Variant(1.0)); // a spike: 1000 stands, on
+    const auto& c = scan.counters();
+    EXPECT_EQ(c.on_records, 2);
+    EXPECT_EQ(c.off_records, 2);
+    EXPECT_EQ(minFtReads, 2); // off bottom the rate is never read
+    EXPECT_EQ(c.rop_sum, 4);
+    EXPECT_EQ(c.gas_sum, 16);
+    EXPECT_EQ(c.gas_max, 7);
+    EXPECT_EQ(c.feet, 0);
+}
+
+TEST(ScanRules, AStayOffBottomIsATallyEntryFromItsEleventhRecordAfter26Feet) {
+    struct Case {
+        const char* what;
+        int offRecords;
+        double depth; // of the second connection, the first being at 1000
+        bool second;
+    };
+    const Case cases[] = {
+        {"10 records", 10, 1030, false},
+        {"11 records", 11, 1030, true},
+        {"26 ft", 11, 1026, false},
+        {"26.5 ft", 11, 1026.5, true},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.what);
+        stats::TallyScan scan;
+        int entries = 0;
+        auto stay = [&](double depth, int records) {
+            for (int i = 0; i < 5; ++i) scan.take(Variant(depth), Variant(depth));
+            for (int i = 0; i < records; ++i)
+                if (scan.take(Variant(depth), Variant(depth - 0.51))) {
+                    scan.connectionAt(
+                        QDateTime(QDate(2026, 11, 1), QTime(6, 0)).addSecs(600 * ++entries));
+                }
+        };
+        stay(1000, 30); // one stay off bottom, however long: one entry
+        stay(c.depth, c.offRecords);
+        EXPECT_EQ(entries, c.second ? 2 : 1);
+        EXPECT_EQ(scan.arrays().depths[2], c.second ? c.depth : 0);
+    }
+}
+
+TEST(ScanRules, TheFirstEntryStartsTheLoggingAndThe5000thIsNeverTaken) {
+    // A well 26 ft deeper at every connection reaches the 50000 ft of a
+    // depth spike long before 4999 entries; the bound is the arrays'.
+    stats::TallyScan scan;
+    QDateTime t(QDate(2026, 11, 1), QTime(6, 0));
+    for (int i = 0; i < 6000 && !scan.full(); ++i) {
+        const double depth = 1000 + 26.5 * i;
+        scan.take(Variant(depth), Variant(depth));
+        for (int k = 0; k < 11; ++k)
+            if (scan.take(Variant(depth), Variant(depth - 20)))
+                scan.connectionAt(t.addSecs(60 * i));
+    }
+    const QStringList deepest = stats::TallyLines(scan.arrays(), "05:00");
+    // 1000 + 26.5 i stays under 50000 up to i = 1849 (49998.5 ft): 1850
+    // entries, then the spike rule holds the depth there. The times run from
+    // 01 Nov 06:00 to 02 Nov 12:49: a break line before each day's first.
+    EXPECT_EQ(deepest.filter(", ").size(), 1850);
+    EXPECT_EQ(deepest.size(), 1850 + 2);
+    EXPECT_FALSE(scan.full());
+
+    // Filled to the bound by hand, 10 ft apart: 4999 entries and the scan is
+    // full, so there is never a 5000th.
+    stats::TallyScan full;
+    for (int i = 1; i < 5000; ++i) {
+        EXPECT_FALSE(full.full()) << i;
+        full.take(Variant(10.0 * i), Variant(0.0));
+        full.connectionAt(t.addSecs(60 * i));
+    }
+    EXPECT_TRUE(full.full());
+    const QStringList l = stats::TallyLines(full.arrays(), "05:00");
+    // Four dates, 01 to 04 Nov, each with a break line.
+    ASSERT_EQ(l.size(), 4999 + 4);
+    EXPECT_EQ(l[0], "");
+    // The first entry has no time before it; 10 ft is one joint.
+    EXPECT_EQ(l[1], "   1,    10.0,    10.0, 01/Nov/2026 06:01:00, ");
+    EXPECT_EQ(l[2], "   2,    20.0,    10.0, 01/Nov/2026 06:02:00, 00:01:00");
+    // 06:00 + 4999 min = 06:00 + 3 days 11:19.
+    EXPECT_EQ(l.last(), "4999, 49990.0,    10.0, 04/Nov/2026 17:19:00, 00:01:00");
+}
+
+} // namespace

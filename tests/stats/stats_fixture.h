@@ -1,0 +1,122 @@
+#pragma once
+// A workstation over a temporary program folder with a job of its own, whose
+// records are written straight through the store with just the columns the
+// report reads, six seconds apart unless a test says otherwise.
+
+#include "db/recordset.h"
+#include "db/schema.h"
+#include "program_folder.h"
+#include "scripted_dialogs.h"
+#include "stats/statistics.h"
+#include "workstation/workstation.h"
+
+#include <QDir>
+#include <QFile>
+#include <QRegularExpression>
+#include <gtest/gtest.h>
+#include <optional>
+#include <vector>
+
+namespace statstest {
+
+struct Rec {
+    double depth = 1000;
+    std::optional<double> bit = 1000;
+    std::optional<double> minFt = 1;
+    double gas = 10;
+};
+// Drilling: the bit on bottom at the hole's depth.
+inline Rec On(double depth, double minFt = 1, double gas = 10) {
+    return {depth, depth, minFt, gas};
+}
+// Off bottom: the bit 20 ft up, no rate of penetration.
+inline Rec Off(double depth, double gas = 10) {
+    return {depth, depth - 20, std::nullopt, gas};
+}
+inline std::vector<Rec> Repeat(int n, const Rec& r) {
+    return std::vector<Rec>(size_t(n), r);
+}
+inline void Append(std::vector<Rec>& to, const std::vector<Rec>& more) {
+    to.insert(to.end(), more.begin(), more.end());
+}
+
+// A job and a workstation over it; a table test makes one per row.
+class Job {
+  public:
+    testkit::ProgramFolder folder;
+    testkit::ScriptedDialogs dialogs;
+    testkit::WiredWorkstation ws{folder.path(), &dialogs};
+    QString path = folder.file("DB_CUE/JOB.db");
+    QString report = folder.file("DB_CUE/AUTOTALLY.TXT");
+    QDateTime clock{QDate(2026, 11, 1), QTime(5, 0, 0)};
+    int secondsApart = 6;
+    long packet = 1;
+
+    Job() {
+        QDir().mkpath(folder.file("DB_CUE"));
+        db::MakeBlankJob(path, db::kRecordTable);
+        ws.fm_Gas_Chart.txt_db_path.setText(path);
+        ws.fm_setup.txt_stats_filename.setText(report);
+        ws.Now = [] { return QDateTime(QDate(2026, 11, 3), QTime(8, 0, 0)); };
+    }
+
+    void add(const std::vector<Rec>& rows) {
+        db::Database d = db::OpenDatabase(path);
+        db::Recordset rs = d.OpenRecordset(db::RecordQuery(db::kRecordTable));
+        d.BeginTrans();
+        for (const Rec& r : rows) {
+            rs.AddNew();
+            rs.SetField("ID", static_cast<long long>(packet));
+            rs.SetField("PACKET_NUM", static_cast<long long>(packet++));
+            rs.SetField("DATE_TXT", clock.toString("MM/dd/yyyy"));
+            rs.SetField("TIME_TXT", clock.toString("HH:mm:ss"));
+            rs.SetField("DT", clock);
+            rs.SetField("DEPTH", r.depth);
+            if (r.bit) rs.SetField("BIT_DEPTH", *r.bit);
+            if (r.minFt) rs.SetField("MIN_FT", *r.minFt);
+            rs.SetField("GAS_UNITS", r.gas);
+            rs.Update();
+            clock = clock.addSecs(secondsApart);
+        }
+        d.CommitTrans();
+    }
+
+    // Runs the report; its lines as the file holds them.
+    QStringList run() {
+        stats::Generate_Stats_Report(ws);
+        return lines(report);
+    }
+    static QStringList lines(const QString& file) {
+        QFile f(file);
+        if (!f.open(QIODevice::ReadOnly)) return {};
+        const QString all = QString::fromUtf8(f.readAll());
+        QStringList l = all.split("\r\n");
+        if (!l.isEmpty() && l.last().isEmpty()) l.removeLast();
+        return l;
+    }
+    // The status lines of txt_stats without their times.
+    QStringList status() const {
+        QStringList out;
+        for (const QString& l : ws.fm_setup.txt_stats.text().split("\r\n"))
+            if (l.contains(" -- ")) out << l.mid(l.indexOf(" -- ") + 4);
+        return out;
+    }
+    // The lines of the report from the one that starts with `first`, `count`
+    // of them.
+    static QStringList from(const QStringList& l, const QString& first, int count) {
+        const qsizetype at = l.indexOf(first);
+        return at < 0 ? QStringList{} : l.mid(at, count);
+    }
+    // The tally's lines: those that start with an entry number.
+    static QStringList tally(const QStringList& l) {
+        QStringList out;
+        static const QRegularExpression entry(QStringLiteral("^ *\\d+, "));
+        for (const QString& s : l)
+            if (entry.match(s).hasMatch()) out << s;
+        return out;
+    }
+};
+
+class StatsJob : public ::testing::Test, public Job {};
+
+} // namespace statstest
