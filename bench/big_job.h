@@ -1,0 +1,103 @@
+#pragma once
+// The job of a million records (about 69 days of a well drilled by the
+// drilling model) that the long-job benchmarks share. It is made once into
+// the system's temporary folder and reused by later runs; delete
+// gaschart-depth-bench there to make it again.
+
+#include "db/recordset.h"
+#include "db/schema.h"
+#include "tools/common/drilling_model.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <cstdio>
+
+namespace benchjob {
+
+constexpr int kRecords = 1000000;
+
+inline QString JobPath() {
+    return QDir::tempPath() + "/gaschart-depth-bench/JOB_1M_v2.db";
+}
+
+inline int32_t CountRecords(const QString& path) {
+    try {
+        db::Database db = db::OpenDatabase(path);
+        return db.OpenRecordset(db::RecordQuery(db::kRecordTable)).RecordCount();
+    } catch (const db::DbError&) {
+        return -1;
+    }
+}
+
+// The job as the live writer would have left it, written through the store
+// in large transactions.
+inline void MakeJob(const QString& path) {
+    QDir().mkpath(QFileInfo(path).path());
+    QFile::remove(path);
+    QFile::remove(path + "-wal");
+    QFile::remove(path + "-shm");
+    db::MakeBlankJob(path, db::kRecordTable);
+    db::Database db = db::OpenDatabase(path);
+    db::Recordset rs = db.OpenRecordset(db::RecordQuery(db::kRecordTable));
+    drill::Model model;
+    long total = 0;
+    db.BeginTrans();
+    for (int i = 0; i < kRecords; ++i) {
+        const drill::Sample s = model.next();
+        const long spm = static_cast<long>(s.spm);
+        // The record writer's rule: a tenth of a minute's strokes per row.
+        total = static_cast<long>(spm / 10.0 + total);
+        const auto& f = s.fields;
+        rs.AddNew();
+        rs.SetField("ID", i + 1);
+        rs.SetField("PACKET_NUM", static_cast<long long>(s.packetNumber));
+        rs.SetField("SERIAL_NUM", f[0]);
+        rs.SetField("DATE_TXT", f[1]);
+        rs.SetField("TIME_TXT", f[2]);
+        rs.SetField("DT", s.time);
+        rs.SetField("DEPTH", f[3].toDouble());
+        rs.SetField("DEPTH_RAW", f[3].toDouble());
+        rs.SetField("GAS_UNITS", f[4].toDouble());
+        rs.SetField("O2", f[5].toDouble());
+        rs.SetField("CO2", f[6].toDouble());
+        rs.SetField("MIN_FT", f[9].toDouble());
+        rs.SetField("FT_HR", f[10].toDouble());
+        rs.SetField("H2S", f[19].toDouble());
+        rs.SetField("ERR_TXT", s.pumpsOn ? f[20] : f[20] + " *");
+        static const char* const kGases[] = {"C1", "C2", "C3", "IC4", "NC4"};
+        for (int g = 0; g < 5; ++g) rs.SetField(kGases[g], f[29 + g].toDouble());
+        rs.SetField("BIT_DEPTH", s.bitDepth);
+        // The writer's columns of two quantities, one on each row in turn.
+        const bool second = i % 2 == 1;
+        rs.SetField("TEMP", (second ? f[26] : f[8]).toDouble() + (second ? 10000 : 0));
+        rs.SetField("SAMPLEVAC", (second ? f[34] : f[12]).toDouble() + (second ? 10000 : 0));
+        rs.SetField("VOLTS", (second ? f[23] : f[13]).toDouble() + (second ? 10000 : 0));
+        rs.SetField("CHROM_VAC", (second ? f[35] : f[27]).toDouble() + (second ? 10000 : 0));
+        rs.SetField("LPH", f[11].toDouble());
+        rs.SetField("EXT_AMPS", f[25].toDouble());
+        rs.SetField("CGTESTNUM", f[16].toDouble());
+        rs.SetField("CGV", f[17].toDouble());
+        rs.SetField("TOTAL_SPM", static_cast<double>(spm));
+        rs.SetField("TOTAL_STROKES", static_cast<double>(total));
+        rs.Update();
+        if (i % 50000 == 49999) {
+            db.CommitTrans();
+            db.BeginTrans();
+            std::fprintf(stderr, "\rmaking the job: %d records", i + 1);
+        }
+    }
+    db.CommitTrans();
+    std::fprintf(stderr, "\n");
+}
+
+inline const QString& Job() {
+    static const QString path = [] {
+        const QString p = JobPath();
+        if (CountRecords(p) != kRecords) MakeJob(p);
+        return p;
+    }();
+    return path;
+}
+
+} // namespace benchjob
