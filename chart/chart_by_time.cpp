@@ -151,7 +151,8 @@ void Chart_by_time(Workstation& ws) {
     if (!c.graph) return;
     station::Canvas& g = *c.graph;
     station::DoEvents(ws);
-    g.BackColor = ws.settings.BackgroundColor;
+    // The settings file may have brought another colour or picture.
+    ApplyBackground(ws);
     g.Cls();
     HideLastDraw(c);
     std::fill(c.RowRecordId.begin(), c.RowRecordId.end(), 0);

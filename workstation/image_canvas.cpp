@@ -36,6 +36,9 @@ void ImageCanvas::resize(int widthPx, int heightPx) {
 }
 
 void ImageCanvas::setPicture(const QString& path) {
+    // Asked at every draw: the file is read only when it is another one.
+    if (path == picturePath_) return;
+    picturePath_ = path;
     backdrop_ = path.isEmpty() ? QImage() : QImage(path);
 }
 

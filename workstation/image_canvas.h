@@ -60,6 +60,7 @@ class ImageCanvas : public Canvas {
     QImage image_;
     QImage picture_;
     QImage backdrop_;
+    QString picturePath_;
     std::unique_ptr<QPainter> painter_;
     long penColor_ = -1;
     int penWidth_ = -1;

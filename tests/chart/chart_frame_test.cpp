@@ -105,5 +105,25 @@ TEST_F(FrameTest, TheRefreshCountdownRedrawsAtTheNewestRecord) {
     EXPECT_EQ(ws.chart.ChartTopRecord, 708);
 }
 
+TEST_F(FrameTest, BackgroundColourAndPictureAreTheNextDrawsGround) {
+    run(700);
+    open();
+    dialogs.colors.push_back(0x203040);
+    chart::cmd_Change_Background_Color_Click(ws);
+    ASSERT_FALSE(canvas->calls.empty());
+    EXPECT_EQ(canvas->calls[0].color, 0x203040);
+    EXPECT_EQ(dialogs.boxes.back().title, "SELECT New Color");
+
+    dialogs.files.push_back(folder.file("rig.jpg"));
+    chart::cmd_Change_Background_Pic_Click(ws);
+    EXPECT_EQ(ws.settings.Gbackground_file, folder.file("rig.jpg"));
+    EXPECT_EQ(dialogs.boxes.back().title, "SELECT *.JPG FILE FOR BACGROUND PICTURE");
+    chart::cmd_Remove_Pic_Click(ws);
+    EXPECT_TRUE(ws.settings.Gbackground_file.isEmpty());
+    // A cancelled dialog changes nothing.
+    chart::cmd_Change_Background_Color_Click(ws);
+    EXPECT_EQ(ws.settings.BackgroundColor, 0x203040);
+}
+
 } // namespace
 } // namespace charttest

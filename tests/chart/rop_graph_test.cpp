@@ -69,7 +69,8 @@ TEST_F(RopTest, ARateOffTheScaleIsHeldAtTheEdgeAndPrintedInRed) {
         ws.fm_setup.chk_rop_smooth.setChecked(smooth);
         canvas->Cls();
         chart::generate_rop_graph(ws, 5000);
-        const auto red = canvas->texts([](const CanvasCall& t) { return t.color == 255; });
+        const auto red = canvas->texts(
+            [&](const CanvasCall& t) { return t.color == 255 && t.y1 > ws.chart.ChartTop; });
         ASSERT_EQ(red.size(), 1u);
         EXPECT_EQ(red[0].text, "25.3");
         EXPECT_EQ(red[0].x1, ws.chart.RopRight - 90 * 4);
