@@ -89,12 +89,6 @@ FmSetup::FmSetup() : Panel("fm_setup", "Program And Equipment Setup") {
     for (int i = 0; i < 4; ++i)
         put(ck_Show_Custom_Wits[i], "ck_Show_Custom_Wits_" + QString::number(i + 1),
             kCustomNames[i]);
-    // A first run, with no settings yet, shows the chart a logger reads all
-    // shift: gas and its breakdown, the rate graph, the geolograph and the
-    // pump and bottom marks.
-    for (Control* c : {&ck_rop, &ck_auto_lag, &ck_edited_geo, &ch_show_gu, &ch_show_peak,
-                       &ck_c_values, &ck_off_bottom, &ck_pumps_on})
-        c->setChecked(true);
 
     beginFrame(kTabChart, "Chart WITS Item");
     put(ck_wits, "ck_wits", "Show WITS Item");
@@ -148,7 +142,7 @@ FmSetup::FmSetup() : Panel("fm_setup", "Program And Equipment Setup") {
         };
         for (const auto& g : gases) {
             const QString n = QString::fromLatin1(g.lower);
-            put(this->*g.box, "ck_" + n, g.gas).setChecked(true);
+            put(this->*g.box, "ck_" + n, g.gas);
             put(this->*g.gain, "txt_" + n + "_gain", QString(g.gas) + " Gain").setText("1.00");
             put(this->*g.color, "lbl_" + n + "_color", {}, "Click to change the colour");
         }
