@@ -22,7 +22,7 @@ namespace bigjob {
 constexpr int kRecords = 1000000;
 
 inline QString JobPath() {
-    return QDir::tempPath() + "/gaschart-depth-bench/JOB_1M.db";
+    return QDir::tempPath() + "/gaschart-depth-bench/JOB_1M_v2.db";
 }
 
 inline int32_t CountRecords(const QString& path) {
@@ -72,6 +72,16 @@ inline void MakeJob(const QString& path) {
         static const char* const kGases[] = {"C1", "C2", "C3", "IC4", "NC4"};
         for (int g = 0; g < 5; ++g) rs.SetField(kGases[g], f[29 + g].toDouble());
         rs.SetField("BIT_DEPTH", s.bitDepth);
+        // The writer's columns of two quantities, one on each row in turn.
+        const bool second = i % 2 == 1;
+        rs.SetField("TEMP", (second ? f[26] : f[8]).toDouble() + (second ? 10000 : 0));
+        rs.SetField("SAMPLEVAC", (second ? f[34] : f[12]).toDouble() + (second ? 10000 : 0));
+        rs.SetField("VOLTS", (second ? f[23] : f[13]).toDouble() + (second ? 10000 : 0));
+        rs.SetField("CHROM_VAC", (second ? f[35] : f[27]).toDouble() + (second ? 10000 : 0));
+        rs.SetField("LPH", f[11].toDouble());
+        rs.SetField("EXT_AMPS", f[25].toDouble());
+        rs.SetField("CGTESTNUM", f[16].toDouble());
+        rs.SetField("CGV", f[17].toDouble());
         rs.SetField("TOTAL_SPM", static_cast<double>(spm));
         rs.SetField("TOTAL_STROKES", static_cast<double>(total));
         rs.Update();

@@ -4,8 +4,8 @@
 // lines against the tool's .import of the same lines into a plain table.
 // All figures are wall-clock times (the tool is a child process).
 //
-// The job is the one of depth_bench (made once into the system's temporary
-// folder as gaschart-depth-bench/JOB_1M.db); this program only reads it.
+// The job is the shared one of big_job.h, made once and reused.
+#include "big_job.h"
 #include "db/recordset.h"
 #include "db/schema.h"
 #include "products/depth_las.h"
@@ -24,20 +24,8 @@
 
 namespace {
 
-constexpr int kRecords = 1000000;
-
-QString JobPath() {
-    return QDir::tempPath() + "/gaschart-depth-bench/JOB_1M.db";
-}
-
-int32_t CountRecords(const QString& path) {
-    try {
-        db::Database db = db::OpenDatabase(path, db::OpenMode::ReadOnly);
-        return db.OpenRecordset(db::RecordQuery(db::kRecordTable)).RecordCount();
-    } catch (const db::DbError&) {
-        return -1;
-    }
-}
+using bigjob::JobPath;
+using bigjob::kRecords;
 
 QTemporaryDir& Scratch() {
     static QTemporaryDir dir;
@@ -164,8 +152,9 @@ void FloorImport(benchmark::State& state) {
         QFile::remove(job);
         state.ResumeTiming();
         QProcess p;
-        p.start("sqlite3", {job, "CREATE TABLE t (" + cols.join(", ") +
-                                     "); CREATE UNIQUE INDEX t_packet ON t (c1);",
+        p.start("sqlite3", {job,
+                            "CREATE TABLE t (" + cols.join(", ") +
+                                "); CREATE UNIQUE INDEX t_packet ON t (c1);",
                             ".mode csv", ".import " + lines + " t"});
         if (!p.waitForFinished(-1) || p.exitCode() != 0)
             state.SkipWithError("the sqlite3 tool failed");
@@ -190,11 +179,7 @@ int main(int argc, char** argv) {
     QCoreApplication app(argc, argv);
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
-    if (CountRecords(JobPath()) != kRecords) {
-        std::fprintf(stderr, "products_bench: run depth_bench first: it makes %s\n",
-                     qPrintable(JobPath()));
-        return 1;
-    }
+    bigjob::Job(); // made once, then reused
     benchmark::RunSpecifiedBenchmarks();
     benchmark::Shutdown();
     return 0;

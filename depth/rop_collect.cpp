@@ -11,6 +11,7 @@
 #include "workstation/messages.h"
 #include "workstation/workstation.h"
 
+#include <optional>
 #include <utility>
 
 namespace depth {
@@ -98,13 +99,38 @@ struct Stretch {
     bool ranged = false;
 };
 
+// The packet number at a position of the shared set, when it has one.
+std::optional<long long> PacketAt(Workstation& ws, int32_t position) {
+    db::Recordset& shared = ws.db.Grecords;
+    try {
+        if (!shared.isOpen() || position >= shared.RecordCount()) return std::nullopt;
+        shared.SetAbsolutePosition(position);
+        const db::Variant packet = shared.Fields("PACKET_NUM");
+        if (packet.isNull()) return std::nullopt;
+        return packet.toInt64();
+    } catch (const std::exception&) {
+        return std::nullopt;
+    }
+}
+
 int32_t Collect(Workstation& ws, Stretch st, bool lagged, int& pt) {
     auto& d = ws.depth;
     pt = 2;
+    if (st.first > st.last) std::swap(st.first, st.last);
+    // A stretch of a long job (the chart reads the newest 4000 records at
+    // every draw) opens only the records from its first on, found through
+    // the shared set, rather than the keys of the whole table.
+    QString from;
+    if (st.ranged && st.first > 0)
+        if (const auto packet = PacketAt(ws, st.first)) {
+            from = " WHERE PACKET_NUM >= " + QString::number(*packet);
+            st.last -= st.first;
+            st.first = 0;
+        }
     db::Database db = db::OpenDatabase(ws.fm_Gas_Chart.txt_db_path.text());
     QString columns;
     for (const char* c : kColumns) columns += (columns.isEmpty() ? "" : ", ") + QString(c);
-    db::Recordset rs = db.OpenRecordset(" SELECT " + columns + " FROM " + ws.db.Gtable_name +
+    db::Recordset rs = db.OpenRecordset(" SELECT " + columns + " FROM " + ws.db.Gtable_name + from +
                                         " ORDER BY PACKET_NUM");
     if (rs.RecordCount() == 0) return 0;
 
@@ -113,7 +139,6 @@ int32_t Collect(Workstation& ws, Stretch st, bool lagged, int& pt) {
     rs.MoveLast();
     if (!st.ranged) d.clear();
     rs.MoveFirst();
-    if (st.first > st.last) std::swap(st.first, st.last);
     // A stretch that starts past the newest record has nothing to read yet.
     if (st.first >= rs.RecordCount()) return 0;
     if (!(st.first < 1 && st.last < 1)) rs.SetAbsolutePosition(st.first);

@@ -14,6 +14,11 @@ FmGasChart::FmGasChart() : Panel("fm_Gas_Chart", " Ombri Instruments Gas Chart")
     add(cmd_moredata, "cmd_moredata", "Data Viewer");
     add(cmd_WITS_info, "cmd_WITS_info", "WITS Disconnected").setBackColor(color::Red);
     add(cmd_redraw_chart, "cmd_redraw_chart", "Redraw Chart");
+    add(cmd_page_up, "cmd_page_up", "Page Up");
+    add(cmd_page_down, "cmd_page_down", "Page Down");
+    add(cmd_zoom_in, "cmd_zoom_in", "Zoom In GU");
+    add(cmd_zoom_out, "cmd_zoom_out", "Zoom Out GU");
+    add(cmd_reset_view, "cmd_reset_view", "Reset View");
     add(txt_TotalStr, "txt_TotalStr");
     add(lbl_Line_Lag, "lbl_Line_Lag", " Line Lag 120").setBackColor(color::Green);
     add(txt_message, "txt_message");

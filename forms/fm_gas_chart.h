@@ -18,6 +18,12 @@ struct FmGasChart : Panel {
     Control cmd_moredata;
     Control cmd_WITS_info;
     Control cmd_redraw_chart;
+    // Moving through the chart.
+    Control cmd_page_up;
+    Control cmd_page_down;
+    Control cmd_zoom_in;
+    Control cmd_zoom_out;
+    Control cmd_reset_view;
     Control txt_TotalStr;
     Control lbl_Line_Lag;
     Control txt_message;

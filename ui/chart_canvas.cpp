@@ -20,8 +20,17 @@ void ChartCanvas::setImage(const QImage& image) {
 
 void ChartCanvas::paintEvent(QPaintEvent* e) {
     QPainter p(this);
-    p.fillRect(e->rect(), palette().color(QPalette::Base));
-    if (!image_.isNull()) p.drawImage(QPoint(0, 0), image_);
+    if (image_.isNull()) {
+        p.fillRect(e->rect(), palette().color(QPalette::Base));
+        return;
+    }
+    p.setRenderHint(QPainter::SmoothPixmapTransform);
+    p.drawImage(rect(), image_);
+}
+
+void ChartCanvas::resizeEvent(QResizeEvent* e) {
+    QWidget::resizeEvent(e);
+    if (resized) resized(size());
 }
 
 void ChartCanvas::mousePressEvent(QMouseEvent* e) {

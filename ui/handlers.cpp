@@ -7,6 +7,7 @@
 #include "acquisition/sync.h"
 #include "acquisition/viewer.h"
 #include "alarms/alarm_monitor.h"
+#include "chart/chart.h"
 #include "config/setup_handlers.h"
 #include "depth/lag.h"
 #include "forms/panel.h"
@@ -70,6 +71,12 @@ const Route kRoutes[] = {
     route(kMain, "cmd_moredata", On::Click, &acq::cmd_moredata_Click),
     route(kMain, "cmd_WITS_info", On::Click, &acq::cmd_WITS_info_Click),
     route(kMain, "cmd_redraw_chart", On::Click, &acq::cmd_redraw_chart_Click),
+    // Moving through the chart.
+    route(kMain, "cmd_page_up", On::Click, &chart::cmd_page_up_Click),
+    route(kMain, "cmd_page_down", On::Click, &chart::cmd_page_down_Click),
+    route(kMain, "cmd_zoom_in", On::Click, &chart::cmd_zoom_in_Click),
+    route(kMain, "cmd_zoom_out", On::Click, &chart::cmd_zoom_out_Click),
+    route(kMain, "cmd_reset_view", On::Click, &chart::cmd_reset_view_Click),
     // The job file.
     route(kMain, "cmd_new_db", On::Click, &acq::cmd_new_db_Click),
     route(kMain, "cmd_open_db", On::Click, &acq::cmd_open_db_Click),
@@ -120,6 +127,11 @@ const Route kRoutes[] = {
     route(kSetup, "txt_oil_ind_scale", On::Commit, &config::txt_oil_ind_scale_Commit),
     route(kSetup, "txt_wits_scale", On::Commit, &config::txt_wits_scale_Commit),
     route(kSetup, "txt_ROP_in_per_100ft", On::Commit, &config::txt_ROP_in_per_100ft_Commit),
+    route(kSetup, "ck_rotate_chart", On::Click, &chart::ck_rotate_chart_Click),
+    route(kSetup, "cmd_Change_Background_Color", On::Click,
+          &chart::cmd_Change_Background_Color_Click),
+    route(kSetup, "cmd_Change_Background_Pic", On::Click, &chart::cmd_Change_Background_Pic_Click),
+    route(kSetup, "cmd_Remove_Pic", On::Click, &chart::cmd_Remove_Pic_Click),
     route(kSetup, "lbl_c1_color", On::Click, &config::lbl_color_Click, 0),
     route(kSetup, "lbl_c2_color", On::Click, &config::lbl_color_Click, 1),
     route(kSetup, "lbl_c3_color", On::Click, &config::lbl_color_Click, 2),

@@ -2,10 +2,12 @@
 
 #include "acquisition/control_box.h"
 #include "acquisition/startup.h"
+#include "chart/chart.h"
 #include "ui/binder.h"
 #include "ui/chart_canvas.h"
 #include "ui/control_widgets.h"
 #include "ui/log.h"
+#include "workstation/image_canvas.h"
 #include "workstation/workstation.h"
 
 #include <QCloseEvent>
@@ -20,6 +22,7 @@
 #include <QPlainTextEdit>
 #include <QPointer>
 #include <QSet>
+#include <QTimer>
 
 namespace ui {
 
@@ -35,6 +38,9 @@ const struct {
     {"cmd_WITS_info", nullptr},
     {"cmd_refresh", "txt_refresh_timer"},
     {"cmd_redraw_chart", nullptr},
+    {"cmd_page_up", "cmd_page_down"},
+    {"cmd_zoom_in", "cmd_zoom_out"},
+    {"cmd_reset_view", nullptr},
     {"cmd_off_bottom_overide", nullptr},
     {"cmd_pumps", nullptr},
     {"lbl_Line_Lag", "txt_TotalStr"},
@@ -51,6 +57,9 @@ const struct {
     {"cmd_export_txt", "cmd_export_to_csv"},
     {"cmd_import_txt", nullptr},
 };
+
+// Twips across the chart image: the plot, the key right of it and a margin.
+constexpr double kCanvasTwips = 11900;
 
 bool isAlarmBox(const char* name) {
     return QLatin1String(name) == QLatin1String("txt_KW_err");
@@ -75,8 +84,42 @@ MainView::MainView(Workstation& ws) : ws_(ws) {
     row->setContentsMargins(6, 6, 6, 6);
     canvas_ = new ChartCanvas(central);
     row->addWidget(canvas_, 1);
+    attachCanvas();
     row->addWidget(buildControlBox(), 0);
     setCentralWidget(central);
+}
+
+void MainView::attachCanvas() {
+    // The chart draws on an image of the widget's size; the first draw
+    // comes before the window is shown, at a size it is likely to have.
+    auto image = std::make_shared<station::ImageCanvas>(1000, 700, kCanvasTwips);
+    QPointer<ChartCanvas> view(canvas_);
+    image->shown = [view](const QImage& picture) {
+        if (view) view->setImage(picture);
+    };
+    ws_.chart.graph = image;
+    chart::ApplyBackground(ws_);
+    redraw_ = new QTimer(this);
+    redraw_->setSingleShot(true);
+    redraw_->setInterval(400);
+    connect(redraw_, &QTimer::timeout, this, &MainView::redrawAfterResize);
+    canvas_->resized = [this](QSize) { redraw_->start(); };
+}
+
+void MainView::redrawAfterResize() {
+    auto* image = dynamic_cast<station::ImageCanvas*>(ws_.chart.graph.get());
+    if (!image || image->image().size() == canvas_->size()) return;
+    if (ws_.chart.Gchart_busy) {
+        // A draw is under way: try again when it is over.
+        redraw_->start();
+        return;
+    }
+    image->resize(canvas_->width(), canvas_->height());
+    try {
+        chart::make_chart(ws_);
+    } catch (...) {
+        qCWarning(lcUi) << "chart redraw failed";
+    }
 }
 
 QWidget* MainView::buildControlBox() {

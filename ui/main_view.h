@@ -4,6 +4,8 @@
 
 #include <QMainWindow>
 
+class QTimer;
+
 class Workstation;
 
 namespace ui {
@@ -25,8 +27,12 @@ class MainView : public QMainWindow {
 
   private:
     QWidget* buildControlBox();
+    // The chart's image canvas, shown by the canvas widget.
+    void attachCanvas();
+    void redrawAfterResize();
     Workstation& ws_;
     ChartCanvas* canvas_ = nullptr;
+    QTimer* redraw_ = nullptr;
 };
 
 } // namespace ui

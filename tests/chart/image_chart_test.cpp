@@ -1,0 +1,57 @@
+// A small real job drawn on the image canvas: the pixels stand where the
+// chart puts its curves and lines.
+#include "chart_fixture.h"
+#include "workstation/image_canvas.h"
+
+namespace charttest {
+namespace {
+
+class ImageChartTest : public ChartTest {
+  protected:
+    // 1190 pixels across 11900 twips: a pixel is ten twips.
+    std::shared_ptr<station::ImageCanvas> image =
+        std::make_shared<station::ImageCanvas>(1190, 800, 11900);
+    ImageChartTest() { ws.chart.graph = image; }
+    QColor at(double xTwips, double yTwips) const {
+        return image->image().pixelColor(static_cast<int>(xTwips / 10),
+                                         static_cast<int>(yTwips / 10));
+    }
+    // Within a pixel either way: where a line of whole twips falls.
+    template <class Test> bool near(double x, double y, Test test) const {
+        for (double dx : {-10.0, 0.0, 10.0})
+            for (double dy : {-10.0, 0.0, 10.0})
+                if (test(at(x + dx, y + dy))) return true;
+        return false;
+    }
+    static bool isRed(const QColor& c) { return c.red() > 200 && c.green() < 60 && c.blue() < 60; }
+    static bool isBlack(const QColor& c) { return c.lightness() < 40; }
+};
+
+TEST_F(ImageChartTest, CurveGridAndHourLineStandWhereTheValuesPutThem) {
+    // Two hours at 75 gas units, on a scale of 0 to 150: the middle of the plot.
+    run(1201, [](Rec& r, int) { r.set("GAS_UNITS", 75.0); });
+    open();
+    draw();
+    const auto& c = ws.chart;
+    const double middle = c.PlotLeft + (c.CanvasWidth - c.PlotLeft) / 2;
+    const double y = c.ChartTop + 400;
+    EXPECT_TRUE(near(middle, y, isRed));
+    EXPECT_FALSE(near(middle + 300, y, isRed));
+    // Heavy grid lines at each tenth of the plot, thin grey ones between.
+    for (int k = 1; k < 10; ++k) {
+        if (k == 5) continue; // under the curve
+        const double x = c.PlotLeft + (c.CanvasWidth - c.PlotLeft) * k / 10;
+        EXPECT_TRUE(near(x, y, isBlack)) << k;
+        EXPECT_FALSE(near(x + 40, y, isBlack)) << k;
+    }
+    // The hour line where 07:00 gives way to 06:00, across the plot.
+    ASSERT_GE(c.lbl_timedate.size(), 3u);
+    const double hourY = c.lbl_timedate[2].Top + 250;
+    EXPECT_TRUE(near(c.PlotLeft + 1234, hourY, isBlack));
+    EXPECT_FALSE(near(c.PlotLeft + 1234, hourY + 80, isBlack));
+    // The picture shown has the hour tags over it.
+    EXPECT_NE(image->picture(), image->image());
+}
+
+} // namespace
+} // namespace charttest
