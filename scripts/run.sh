@@ -29,7 +29,8 @@ if [ ! -f "$JOB" ] && [ -x "$BIN/make-demo-job" ]; then
   "$BIN/make-demo-job" "$BIN"
 fi
 
-# First run: settings that take the instrument over TCP from the simulator.
+# First run: settings that take the instrument over TCP from the simulator,
+# and a chart with the gas, its components, the rate and the depth marks.
 # The workstation keeps its settings in this file from then on, so an
 # existing one is left as the operator last had it.
 CONFIG="$BIN/OM_10_config.txt"
@@ -48,7 +49,10 @@ if [ ! -f "$CONFIG" ]; then
     "[TCP IP] 127.0.0.1" \
     "[TCP PORT] $PORT" \
     "[USE TCP]" \
-    "[USE ETHERNET]" >"$CONFIG"
+    "[USE ETHERNET]" \
+    "[GAS UNITS ON] " "[C VALUES ON] " "[C1 ON] " "[C2 ON] " "[C3 ON] " "[IC4 ON] " \
+    "[NC4 ON] " "[PEAK ON] " "[GEO ON] " "[ROP ON] " "[SHOW PUMPS ON] " \
+    "[SHOW OFF BOTTOM ON] " "[GAMMA ON]" "[H2S ON]  " >"$CONFIG"
 fi
 
 # The simulator goes on drilling from the job's last depth, and relays the

@@ -79,7 +79,9 @@ TEST(Program, RunsOnTheDemoJobWithTheSimulatorShowsLiveFieldsAndClosesCleanlyWhe
         QFile config(folder.file("OM_10_config.txt"));
         ASSERT_TRUE(config.open(QIODevice::WriteOnly));
         config.write("[TCP IP] 127.0.0.1\r\n[TCP PORT] " + QByteArray::number(port) +
-                     "\r\n[USE TCP]\r\n[USE ETHERNET]\r\n");
+                     "\r\n[USE TCP]\r\n[USE ETHERNET]\r\n[GAS UNITS ON] \r\n[C VALUES ON] \r\n"
+                     "[C1 ON] \r\n[C2 ON] \r\n[C3 ON] \r\n[PEAK ON] \r\n[GEO ON] \r\n[ROP ON] \r\n"
+                     "[SHOW PUMPS ON] \r\n[SHOW OFF BOTTOM ON] \r\n");
     }
     Simulator sim(folder.file("sim.log"));
     ASSERT_TRUE(
