@@ -8,8 +8,8 @@ namespace testkit {
 
 bool PtyPair::start() {
     QDir().mkpath(dir_);
-    proc_.start("socat", {"pty,raw,echo=0,link=" + workstationEnd(),
-                          "pty,raw,echo=0,link=" + farEnd()});
+    proc_.start("socat",
+                {"pty,raw,echo=0,link=" + workstationEnd(), "pty,raw,echo=0,link=" + farEnd()});
     if (!proc_.waitForStarted(3000)) return false;
     for (int i = 0; i < 100; ++i) {
         if (QFileInfo::exists(workstationEnd()) && QFileInfo::exists(farEnd())) return true;

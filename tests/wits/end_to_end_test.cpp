@@ -46,8 +46,7 @@ class EndToEnd : public WitsTest {
         ws.ports.place(2, pair.workstationEnd());
         sim = std::make_unique<testkit::Simulator>(folder.file("edr.log"), testkit::EdrSimPath());
         ASSERT_TRUE(sim->start(
-            QStringList{"--serial", pair.farEnd(), "--record", folder.file("record.txt")} +
-            args))
+            QStringList{"--serial", pair.farEnd(), "--record", folder.file("record.txt")} + args))
             << "edr-sim did not start";
         ws.fm_WITS.ck_Use_Local_WITS.setChecked(true);
         wits::ck_Use_Local_WITS_Click(ws);
