@@ -2,6 +2,7 @@
 // independent readers; the exporter's exit codes; and a run killed half way.
 #include "products_fixture.h"
 #include "simulator.h"
+#include "stats/statistics.h"
 
 #include <QElapsedTimer>
 #include <QProcess>
@@ -150,4 +151,28 @@ TEST_F(DemoFiles, AKilledRunLeavesThePreviousFileWhole) {
         EXPECT_TRUE(now == "the previous file\r\n" || now == complete)
             << ms << " ms: " << now.size() << " bytes";
     }
+}
+
+TEST_F(DemoFiles, TheExporterWritesTheStatisticsReportOfTheWorkstation) {
+    ASSERT_TRUE(QFile::exists(demo)) << "the build makes the demonstration job";
+    const Outcome r = Export({demo, "--stats", outFile("TALLY.TXT")});
+    ASSERT_EQ(r.code, 0) << r.out.toStdString();
+    // The same report as the workstation's own run over the same job.
+    ws.fm_Gas_Chart.txt_db_path.setText(demo);
+    ws.fm_setup.txt_stats_filename.setText(outFile("OWN.TXT"));
+    stats::Generate_Stats_Report(ws);
+    // All but the line that says when each was made.
+    const auto made = [this](const QString& name) {
+        QList<QByteArray> l = lines(name);
+        l.removeIf([](const QByteArray& x) { return x.startsWith("Date of report generated"); });
+        return l;
+    };
+    const auto exported = made("TALLY.TXT");
+    ASSERT_GT(exported.size(), 20);
+    EXPECT_EQ(exported, made("OWN.TXT"));
+
+    // A report that can't be written fails with its reason.
+    const Outcome bad = Export({demo, "--stats", "/proc/self/no/TALLY.TXT"});
+    EXPECT_EQ(bad.code, 5) << bad.out.toStdString();
+    EXPECT_FALSE(bad.out.trimmed().isEmpty());
 }

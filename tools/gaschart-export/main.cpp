@@ -1,7 +1,7 @@
 // gaschart-export: the files of the office from a job file, without a
 // screen, through the same writers as the buttons of the workstation.
 //
-//   gaschart-export JOB.db --las OUT.las [--time-las F] [--xls F] [--omd F]
+//   gaschart-export JOB.db --las OUT.las [--time-las F] [--xls F] [--omd F] [--stats F]
 //                   [--csv F] [--import-omd F] [--config F]
 //
 // The settings (delimiter, C values, gains, names ...) come from the
@@ -17,6 +17,7 @@
 #include "products/staged_file.h"
 #include "products/time_las.h"
 #include "products/xls_file.h"
+#include "stats/statistics.h"
 #include "workstation/workstation.h"
 
 #include <QCommandLineParser>
@@ -117,7 +118,8 @@ int main(int argc, char** argv) {
                                        "FILE");
     const QCommandLineOption configFile(
         "config", "Settings file (default: OM_10_config.txt beside the job).", "FILE");
-    p.addOptions({las, timeLas, xls, omd, csv, importOmd, configFile});
+    const QCommandLineOption statsReport("stats", "Statistics and tally report.", "FILE");
+    p.addOptions({las, timeLas, xls, omd, csv, importOmd, configFile, statsReport});
     p.process(app);
 
     if (p.positionalArguments().size() != 1) {
@@ -126,9 +128,9 @@ int main(int argc, char** argv) {
     }
     const QString job = QFileInfo(p.positionalArguments()[0]).absoluteFilePath();
     if (!p.isSet(las) && !p.isSet(timeLas) && !p.isSet(xls) && !p.isSet(omd) && !p.isSet(csv) &&
-        !p.isSet(importOmd)) {
+        !p.isSet(importOmd) && !p.isSet(statsReport)) {
         Say("nothing to do: give at least one of --las, --time-las, --xls, --omd, --csv, "
-            "--import-omd");
+            "--stats, --import-omd");
         return BadArguments;
     }
     if (const int e = CheckJob(job); e != Done) return e;
@@ -188,6 +190,20 @@ int main(int argc, char** argv) {
             Say(e.description());
             return e.number() == db::err::Locked ? Locked : WriteFailed;
         }
+    }
+    if (p.isSet(statsReport)) {
+        const QString out = QFileInfo(p.value(statsReport)).absoluteFilePath();
+        ws.fm_setup.txt_stats_filename.setText(out);
+        stats::Generate_Stats_Report(ws);
+        // The report says in its own box when it could not be written.
+        const QString shown = ws.fm_setup.txt_stats_output.text();
+        if (shown.startsWith(QStringLiteral("Error in opening file")) || !QFileInfo::exists(out)) {
+            const QStringList status =
+                ws.fm_setup.txt_stats.text().split("\r\n", Qt::SkipEmptyParts);
+            Say(status.isEmpty() ? shown.trimmed() : status.last());
+            return WriteFailed;
+        }
+        std::fprintf(stdout, "wrote %s\n", qPrintable(out));
     }
     return Done;
 }
