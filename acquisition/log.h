@@ -7,7 +7,8 @@
 namespace acq {
 
 inline const QLoggingCategory& lcLink() {
-    static const QLoggingCategory category("gaschart.link");
+    // Debug lines only when asked for; warnings always.
+    static const QLoggingCategory category("gaschart.link", QtInfoMsg);
     return category;
 }
 

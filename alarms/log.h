@@ -7,7 +7,8 @@
 namespace alarms {
 
 inline const QLoggingCategory& lcAlarms() {
-    static const QLoggingCategory category("gaschart.alarms");
+    // Debug lines only when asked for; warnings always.
+    static const QLoggingCategory category("gaschart.alarms", QtInfoMsg);
     return category;
 }
 

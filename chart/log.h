@@ -7,7 +7,8 @@
 namespace chart {
 
 inline const QLoggingCategory& lcChart() {
-    static const QLoggingCategory category("gaschart.chart");
+    // Debug lines only when asked for; warnings always.
+    static const QLoggingCategory category("gaschart.chart", QtInfoMsg);
     return category;
 }
 

@@ -7,7 +7,8 @@
 namespace chromatograph {
 
 inline const QLoggingCategory& lcChro() {
-    static const QLoggingCategory category("gaschart.chromatograph");
+    // Debug lines only when asked for; warnings always.
+    static const QLoggingCategory category("gaschart.chromatograph", QtInfoMsg);
     return category;
 }
 

@@ -7,7 +7,8 @@
 namespace config {
 
 inline const QLoggingCategory& lcConfig() {
-    static const QLoggingCategory category("gaschart.config");
+    // Debug lines only when asked for; warnings always.
+    static const QLoggingCategory category("gaschart.config", QtInfoMsg);
     return category;
 }
 

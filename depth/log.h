@@ -7,7 +7,8 @@
 namespace depth {
 
 inline const QLoggingCategory& lcDepth() {
-    static const QLoggingCategory category("gaschart.depth");
+    // Debug lines only when asked for; warnings always.
+    static const QLoggingCategory category("gaschart.depth", QtInfoMsg);
     return category;
 }
 

@@ -7,7 +7,8 @@
 namespace products {
 
 inline const QLoggingCategory& lcProducts() {
-    static const QLoggingCategory category("gaschart.products");
+    // Debug lines only when asked for; warnings always.
+    static const QLoggingCategory category("gaschart.products", QtInfoMsg);
     return category;
 }
 

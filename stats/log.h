@@ -7,7 +7,8 @@
 namespace stats {
 
 inline const QLoggingCategory& lcStats() {
-    static const QLoggingCategory category("gaschart.stats");
+    // Debug lines only when asked for; warnings always.
+    static const QLoggingCategory category("gaschart.stats", QtInfoMsg);
     return category;
 }
 

@@ -7,7 +7,8 @@
 namespace store {
 
 inline const QLoggingCategory& lcStore() {
-    static const QLoggingCategory category("gaschart.store");
+    // Debug lines only when asked for; warnings always.
+    static const QLoggingCategory category("gaschart.store", QtInfoMsg);
     return category;
 }
 

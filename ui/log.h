@@ -7,7 +7,8 @@
 namespace ui {
 
 inline const QLoggingCategory& lcUi() {
-    static const QLoggingCategory category("gaschart.ui");
+    // Debug lines only when asked for; warnings always.
+    static const QLoggingCategory category("gaschart.ui", QtInfoMsg);
     return category;
 }
 

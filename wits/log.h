@@ -7,7 +7,8 @@
 namespace wits {
 
 inline const QLoggingCategory& lcWits() {
-    static const QLoggingCategory category("gaschart.wits");
+    // Debug lines only when asked for; warnings always.
+    static const QLoggingCategory category("gaschart.wits", QtInfoMsg);
     return category;
 }
 

@@ -7,7 +7,8 @@
 namespace station {
 
 inline const QLoggingCategory& lcTimers() {
-    static const QLoggingCategory category("gaschart.timers");
+    // Debug lines only when asked for; warnings always.
+    static const QLoggingCategory category("gaschart.timers", QtInfoMsg);
     return category;
 }
 
