@@ -89,4 +89,9 @@ inline QByteArray Tabbed(std::initializer_list<const char*> parts) {
     return b;
 }
 
+// A row of a delimited file written as "a|b|c": the cells joined by tabs.
+inline QByteArray Cells(const char* row) {
+    return QByteArray(row).replace('|', '\t');
+}
+
 } // namespace productstest
