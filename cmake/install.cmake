@@ -77,6 +77,7 @@ set(GASCHART_DEB_DEPENDS
     "libqt6core6 (>= 6.4)"
     "libqt6gui6 (>= 6.4)"
     "libqt6widgets6 (>= 6.4)"
+    "libqt6printsupport6 (>= 6.4)"
     "libqt6network6 (>= 6.4)"
     "libqt6serialport6 (>= 6.4)"
     "libqt6multimedia6 (>= 6.4)"

@@ -5,6 +5,7 @@
 #include "ui/main_view.h"
 #include "ui/more_data_view.h"
 #include "ui/plain_panel_view.h"
+#include "ui/printer.h"
 #include "ui/secure_view.h"
 #include "ui/setup_view.h"
 #include "ui/widget_dialogs.h"
@@ -29,6 +30,7 @@ platform::Dialogs& Desktop::dialogs() {
 void Desktop::attach(Workstation& ws) {
     detach();
     ws_ = &ws;
+    ws.services.print_picture = &PrintOnDefaultPrinter;
     main_ = new MainView(ws);
     main_->setAttribute(Qt::WA_DeleteOnClose, false);
     // The panel windows belong to the main screen and stand above it.

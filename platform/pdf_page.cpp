@@ -1,0 +1,38 @@
+#include "platform/pdf_page.h"
+
+#include <QPageLayout>
+#include <QPageSize>
+#include <QPainter>
+#include <QPdfWriter>
+#include <QSaveFile>
+
+namespace platform {
+
+QString WriteImagePdf(const QImage& picture, const QString& path, const QString& title) {
+    if (picture.isNull()) return QStringLiteral("There is no picture to print.");
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly)) return file.errorString();
+    {
+        QPdfWriter pdf(&file);
+        pdf.setTitle(title);
+        pdf.setCreator(QStringLiteral("gaschart"));
+        pdf.setResolution(300);
+        const auto turn =
+            picture.width() > picture.height() ? QPageLayout::Landscape : QPageLayout::Portrait;
+        pdf.setPageLayout(QPageLayout(QPageSize(QPageSize::Letter), turn, QMarginsF(12, 12, 12, 12),
+                                      QPageLayout::Millimeter));
+        QPainter painter;
+        if (!painter.begin(&pdf)) {
+            file.cancelWriting();
+            return QStringLiteral("The PDF file could not be started.");
+        }
+        const QRect page = painter.viewport();
+        const QSize fit = picture.size().scaled(page.size(), Qt::KeepAspectRatio);
+        painter.drawImage(QRect(page.topLeft(), fit), picture);
+        painter.end();
+    }
+    if (!file.commit()) return file.errorString();
+    return {};
+}
+
+} // namespace platform

@@ -1,0 +1,15 @@
+#pragma once
+// A picture on one PDF page: the stand-in for a printer on a machine that
+// has none.
+
+#include <QImage>
+#include <QString>
+
+namespace platform {
+
+// Writes the picture onto one page, turned to landscape when it is wider
+// than tall and scaled to fit the page inside its margins. The file appears
+// whole or not at all. Returns an empty text, or what went wrong.
+QString WriteImagePdf(const QImage& picture, const QString& path, const QString& title);
+
+} // namespace platform

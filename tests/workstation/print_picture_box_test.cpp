@@ -1,0 +1,88 @@
+// Printing a canvas: the page on the printer, the PDF offered where there is
+// no printer, and a failure told to the operator.
+#include "test_station.h"
+#include "workstation/print_picture_box.h"
+
+#include <QFile>
+#include <QProcess>
+#include <QRegularExpression>
+#include <gtest/gtest.h>
+
+namespace {
+
+// A picture wider than tall: white with a red block in its left half.
+QImage Picture() {
+    QImage img(600, 300, QImage::Format_RGB32);
+    img.fill(Qt::white);
+    for (int y = 50; y < 250; ++y)
+        for (int x = 50; x < 250; ++x) img.setPixel(x, y, qRgb(255, 0, 0));
+    return img;
+}
+
+QString RunTool(const QString& program, const QStringList& args) {
+    QProcess p;
+    p.start(program, args);
+    p.waitForFinished(30000);
+    return QString::fromUtf8(p.readAllStandardOutput());
+}
+
+} // namespace
+
+TEST(PrintPictureBox, WithoutAPrinterTheOperatorGetsOneLandscapePdfPageOfThePicture) {
+    testkit::Station b;
+    const QString pdf = b.folder.file("chart.pdf");
+    b.dialogs.files.push_back(pdf);
+    ASSERT_TRUE(station::PrintPictureBox(b.ws, Picture()));
+    EXPECT_FALSE(b.ws.fm_help.form.visible());
+    EXPECT_TRUE(b.ws.fm_help.txt_help.text().contains("PRINTING CHART"));
+
+    const QString info = RunTool("pdfinfo", {pdf});
+    EXPECT_TRUE(info.contains(QRegularExpression("Pages:\\s+1\\n"))) << info.toStdString();
+    // Letter turned sideways: 792 x 612 points.
+    EXPECT_TRUE(info.contains("792 x 612")) << info.toStdString();
+    // The page rendered back: red where the block is, white right of it.
+    const QString png = b.folder.file("page");
+    RunTool("pdftoppm", {"-r", "20", "-png", "-singlefile", pdf, png});
+    const QImage page(png + ".png");
+    ASSERT_FALSE(page.isNull());
+    const auto at = [&](double fx, double fy) {
+        return QColor(page.pixel(int(page.width() * fx), int(page.height() * fy)));
+    };
+    EXPECT_GT(at(0.2, 0.4).red(), 200);
+    EXPECT_LT(at(0.2, 0.4).green(), 80);
+    EXPECT_GT(at(0.7, 0.4).green(), 200);
+}
+
+TEST(PrintPictureBox, ACancelledPdfOrAFailedPrinterIsToldAndTheBoxClosed) {
+    struct Case {
+        const char* name;
+        station::PrintResult::Kind printer;
+        QString file;
+        QString told;
+    } cases[] = {
+        {"no printer, no file", station::PrintResult::NoPrinter, {}, "no printer and no PDF file"},
+        {"printer fails", station::PrintResult::Failed, {}, "jammed"},
+        {"folder missing", station::PrintResult::NoPrinter, "/nonexistent/dir/x.pdf",
+         "Print Error"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        testkit::Station b;
+        int calls = 0;
+        b.ws.services.print_picture = [&](const QImage&) {
+            ++calls;
+            return station::PrintResult{c.printer, "jammed"};
+        };
+        if (!c.file.isEmpty())
+            b.dialogs.files.push_back(c.file);
+        else
+            b.dialogs.files.push_back({});
+        EXPECT_FALSE(station::PrintPictureBox(b.ws, Picture()));
+        EXPECT_EQ(calls, 1);
+        EXPECT_FALSE(b.ws.fm_help.form.visible());
+        ASSERT_FALSE(b.dialogs.boxes.empty());
+        EXPECT_TRUE(b.dialogs.boxes.back().text.contains(c.told))
+            << b.dialogs.boxes.back().text.toStdString();
+        EXPECT_TRUE(b.ws.fm_help.txt_help.text().contains("Print Error"));
+    }
+}
