@@ -4,6 +4,8 @@ namespace forms {
 
 FmGasChart::FmGasChart() : Panel("fm_Gas_Chart", " Ombri Instruments Gas Chart") {
     add(Frame6, "Frame6");
+    add(sel_type, "sel_type", "Select Items Box").setVisible(false);
+    add(Geo_edit, "Geo_edit", "Geolograph Edit Box").setVisible(false);
     add(cmd_comm1, "cmd_comm1", "Kettlewick Disconnected").setBackColor(color::Red);
     add(cmd_refresh, "cmd_refresh", "Refresh 180").setBackColor(color::Green);
     add(txt_refresh_timer, "txt_refresh_timer").setText("180");

@@ -9,6 +9,9 @@ struct FmGasChart : Panel {
     FmGasChart();
 
     Control Frame6;
+    // The two floating boxes of a chosen place on the chart.
+    Control sel_type;
+    Control Geo_edit;
     Control cmd_comm1;
     Control cmd_refresh;
     Control txt_refresh_timer;

@@ -151,6 +151,17 @@ struct ChartState {
     std::vector<double> RowGas = std::vector<double>(kRowSlots);
     std::vector<double> RowTime = std::vector<double>(kRowSlots);
 
+    // A place or stretch chosen with the mouse: canvas rows and columns of
+    // its two corners (below 0 when not chosen), the pointer at the last
+    // move, and the record under the press of a chart drag.
+    int32_t SelectStartX = -1;
+    int32_t SelectStartY = -1;
+    int32_t SelectEndX = -1;
+    int32_t SelectEndY = -1;
+    double PointerX = 0;
+    double PointerY = 0;
+    int32_t DragStartId = 0;
+
     // Controls floating above the canvas; index 0 of each array is unused.
     std::vector<station::FloatingLabel> lbl_timedate;
     std::vector<station::FloatingLabel> lbl_insert_txt;
