@@ -1,5 +1,7 @@
 #include "workstation/image_canvas.h"
 
+#include "workstation/ink.h"
+
 #include <QPen>
 #include <algorithm>
 #include <cmath>
@@ -63,7 +65,7 @@ void ImageCanvas::applyPen() {
     // A width of one is the thinnest line the image shows; wider pens keep
     // their share of a screen pixel (15 twips) at this scale.
     const double w = DrawWidth <= 1 ? 0 : std::max(1.0, DrawWidth * 15 * scale_);
-    QPen pen(ToQColor(ForeColor), w);
+    QPen pen(ReadableOn(ForeColor, BackColor), w);
     pen.setCapStyle(Qt::FlatCap);
     painter_->setPen(pen);
 }
@@ -72,6 +74,8 @@ void ImageCanvas::Cls() {
     QPainter& p = painter();
     p.fillRect(image_.rect(), ToQColor(BackColor));
     if (!backdrop_.isNull()) p.drawImage(image_.rect(), backdrop_);
+    // The ink depends on the background, which may have changed.
+    penColor_ = -1;
     CurrentX = 0;
     CurrentY = 0;
 }
@@ -117,7 +121,7 @@ void ImageCanvas::Print(const QString& text) {
     const QPointF at = px(CurrentX, CurrentY);
     if (!FontTransparent)
         p.fillRect(QRectF(at, QSizeF(m.horizontalAdvance(text), m.height())), ToQColor(BackColor));
-    p.setPen(ToQColor(ForeColor));
+    p.setPen(ReadableOn(ForeColor, BackColor));
     penColor_ = -1;
     p.drawText(QPointF(at.x(), at.y() + m.ascent()), text);
     CurrentY += m.height() / scale_;
@@ -137,14 +141,14 @@ void ImageCanvas::Present(const CanvasControls& controls) {
     QPainter p(&picture_);
     if (controls.divider && controls.divider->Visible) {
         const LineControl& l = *controls.divider;
-        p.setPen(QPen(ToQColor(l.BorderColor), 0));
+        p.setPen(QPen(ReadableOn(l.BorderColor, BackColor), 0));
         p.drawLine(px(l.X1, l.Y1), px(l.X2, l.Y2));
     }
     if (controls.lines)
         for (const LineControl& l : *controls.lines) {
             // Drawing mode 11 leaves the pixels as they are.
             if (!l.Visible || l.DrawMode == 11) continue;
-            p.setPen(QPen(ToQColor(l.BorderColor), 0));
+            p.setPen(QPen(ReadableOn(l.BorderColor, BackColor), 0));
             p.drawLine(px(l.X1, l.Y1), px(l.X2, l.Y2));
         }
     const double keepSize = FontSize;
@@ -156,7 +160,7 @@ void ImageCanvas::Present(const CanvasControls& controls) {
             FontSize = l.FontSize;
             FontBold = false;
             p.setFont(font());
-            p.setPen(ToQColor(l.ForeColor));
+            p.setPen(ReadableOn(l.ForeColor, BackColor));
             p.drawText(QPointF(l.Left * scale_, l.Top * scale_ + metrics().ascent()), l.Caption);
         }
     }

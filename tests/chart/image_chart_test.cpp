@@ -53,5 +53,21 @@ TEST_F(ImageChartTest, CurveGridAndHourLineStandWhereTheValuesPutThem) {
     EXPECT_NE(image->picture(), image->image());
 }
 
+TEST_F(ImageChartTest, OnABlackBackgroundTheBlackLinesAreDrawnLightAndRedStaysRed) {
+    run(1201, [](Rec& r, int) { r.set("GAS_UNITS", 75.0); });
+    open();
+    ws.settings.BackgroundColor = 0;
+    draw();
+    const auto& c = ws.chart;
+    const double y = c.ChartTop + 400;
+    EXPECT_TRUE(isBlack(at(c.PlotLeft + 40, y))) << "the background is black";
+    const auto light = [](const QColor& p) { return p.lightness() > 140; };
+    for (int k : {1, 3, 7, 9}) {
+        const double x = c.PlotLeft + (c.CanvasWidth - c.PlotLeft) * k / 10;
+        EXPECT_TRUE(near(x, y, light)) << "grid line " << k;
+    }
+    EXPECT_TRUE(near(c.PlotLeft + (c.CanvasWidth - c.PlotLeft) / 2, y, isRed));
+}
+
 } // namespace
 } // namespace charttest
