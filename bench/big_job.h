@@ -10,9 +10,11 @@
 #include "tools/common/drilling_model.h"
 
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
 #include <QProcess>
+#include <QTimer>
 #include <benchmark/benchmark.h>
 #include <cstdio>
 #include <sys/resource.h>
@@ -125,5 +127,32 @@ inline void Floor(benchmark::State& state, const QString& sql) {
     }
     state.counters["tool_cpu_ms"] = (ChildCpuSeconds() - cpu) * 1000 / double(state.iterations());
 }
+
+// The event loop's pulse during a long job: a 10 ms timer notes the
+// longest gap between two of its ticks (and to the end of the job), which is
+// how long the operator's screen stood still at worst.
+class LoopWatch {
+  public:
+    LoopWatch() {
+        tick_.setInterval(10);
+        QObject::connect(&tick_, &QTimer::timeout, [this] { note(); });
+        tick_.start();
+        since_.start();
+    }
+    // The longest gap so far, in milliseconds.
+    double longest() {
+        note();
+        return longest_;
+    }
+
+  private:
+    void note() {
+        longest_ = std::max(longest_, double(since_.nsecsElapsed()) / 1e6);
+        since_.restart();
+    }
+    QTimer tick_;
+    QElapsedTimer since_;
+    double longest_ = 0;
+};
 
 } // namespace bigjob

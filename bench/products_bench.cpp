@@ -72,9 +72,14 @@ void Write(benchmark::State& state, bool (*writer)(Workstation&, const QString&)
            const char* name) {
     Station s(JobPath());
     const QString out = Scratch().path() + "/" + name;
-    for (auto _ : state)
+    double gap = 0;
+    for (auto _ : state) {
+        bigjob::LoopWatch loop;
         if (!writer(s.ws, out)) state.SkipWithError("the writer failed; see its error log");
+        gap = std::max(gap, loop.longest());
+    }
     state.counters["bytes"] = double(QFileInfo(out).size());
+    state.counters["longest_gap_ms"] = gap;
 }
 
 void DepthLas(benchmark::State& state) {
@@ -90,10 +95,15 @@ void Xls(benchmark::State& state) {
 void Text(benchmark::State& state, products::TextForm form, const char* name) {
     Station s(JobPath());
     const QString out = Scratch().path() + "/" + name;
-    for (auto _ : state)
+    double gap = 0;
+    for (auto _ : state) {
+        bigjob::LoopWatch loop;
         if (products::ExportRecords(s.ws, out, form) != kRecords)
             state.SkipWithError("not every record written");
+        gap = std::max(gap, loop.longest());
+    }
     state.counters["bytes"] = double(QFileInfo(out).size());
+    state.counters["longest_gap_ms"] = gap;
 }
 void Omd(benchmark::State& state) {
     Text(state, products::TextForm::Omd, "big.OMD");
@@ -128,6 +138,7 @@ QString OmdLines() {
 
 void ImportOmd(benchmark::State& state) {
     const QString lines = OmdLines();
+    double gap = 0;
     for (auto _ : state) {
         state.PauseTiming();
         const QString job = Scratch().path() + "/import.db";
@@ -135,9 +146,12 @@ void ImportOmd(benchmark::State& state) {
         db::MakeBlankJob(job, db::kRecordTable);
         Station s(job);
         state.ResumeTiming();
+        bigjob::LoopWatch loop;
         const products::ImportCounts n = products::Import_OMD_file(s.ws, lines);
         if (n.added != kRecords) state.SkipWithError("not every line added");
+        gap = std::max(gap, loop.longest());
     }
+    state.counters["longest_gap_ms"] = gap;
 }
 
 // The tool's .import of the same lines into a table of 44 text columns
