@@ -23,19 +23,18 @@ void RecordingCanvas::Cls() {
 }
 
 void RecordingCanvas::Line(double x1, double y1, double x2, double y2, long color) {
-    CanvasCall c = call(CanvasCall::Op::Line);
-    c.x1 = x1;
-    c.y1 = y1;
-    c.x2 = x2;
-    c.y2 = y2;
-    c.color = color;
-    calls.push_back(c);
+    shape(CanvasCall::Op::Line, x1, y1, x2, y2, color);
     CurrentX = x2;
     CurrentY = y2;
 }
 
 void RecordingCanvas::Box(double x1, double y1, double x2, double y2, long color) {
-    CanvasCall c = call(CanvasCall::Op::Box);
+    shape(CanvasCall::Op::Box, x1, y1, x2, y2, color);
+}
+
+void RecordingCanvas::shape(CanvasCall::Op op, double x1, double y1, double x2, double y2,
+                            long color) {
+    CanvasCall c = call(op);
     c.x1 = x1;
     c.y1 = y1;
     c.x2 = x2;

@@ -49,6 +49,7 @@ class RecordingCanvas : public Canvas {
 
   private:
     CanvasCall call(CanvasCall::Op op) const;
+    void shape(CanvasCall::Op op, double x1, double y1, double x2, double y2, long color);
     double width_;
     double height_;
 };
