@@ -23,7 +23,6 @@ namespace {
 using text::Format;
 
 const QByteArray kCrLf = QByteArrayLiteral("\r\n");
-constexpr int kYieldRows = 1000;
 
 // The highest foot a file run reads when the range is typed in: the arrays
 // reach further, the files never did.
@@ -104,6 +103,7 @@ bool Create_LAS_file(Workstation& ws, const QString& file_name) {
         pt = 11;
         const double limit48 = depth::RopTimeFromDate(ws.Now().addDays(-2));
         pt = 12;
+        station::Pulse pulse(ws);
         for (int32_t i = first; i <= last; ++i) {
             const QString depthText = QString::number(i);
             const QString values = RowValues(o, a, i);
@@ -122,7 +122,7 @@ bool Create_LAS_file(Workstation& ws, const QString& file_name) {
                 gas.put(kCrLf);
                 if (last48 && recent) last48->put(kCrLf);
             }
-            if ((i - first + 1) % kYieldRows == 0) station::DoEvents(ws);
+            pulse.beat();
         }
 
         pt = 13;

@@ -18,7 +18,8 @@ namespace products {
 
 namespace {
 
-constexpr long kYieldRecords = 500;
+// The information box names the record every 500 records.
+constexpr long kProgressRecords = 500;
 
 struct FormWords {
     const char* title;
@@ -85,6 +86,7 @@ long ExportRecords(Workstation& ws, const QString& path, TextForm form) {
         RecordScan r(db, ws.db.Gtable_name, columns);
         QByteArray line;
         line.reserve(512);
+        station::Pulse pulse(ws);
         while (r.next()) {
             line = form == TextForm::Omd ? QByteArrayLiteral("#,") : QByteArray();
             for (int i = 0; i < static_cast<int>(kOmdColumns.size()); ++i) {
@@ -93,11 +95,11 @@ long ExportRecords(Workstation& ws, const QString& path, TextForm form) {
             }
             line += "\r\n";
             out.put(line);
-            if (++count % kYieldRecords == 0) {
+            if (++count % kProgressRecords == 0) {
                 station::help_msg(ws, "");
                 station::help_msg(ws, "Record " + QString::number(count) + "   " + path);
-                station::DoEvents(ws);
             }
+            pulse.beat();
         }
     }
     db.Close();

@@ -22,7 +22,9 @@ namespace {
 
 using text::Format;
 
-constexpr int kYieldRows = 1000;
+// The progress bar moves every thousand rows; the loop runs every few
+// milliseconds in between (the rhythm keeps the time).
+constexpr int kProgressRows = 1000;
 
 enum Col { cDt, cDepth, cLagGu, cMinFt, cFtHr, cGas, cC1, cGamma = cC1 + 7, cO2, cCO2, cH2S, cKw };
 const QStringList kColumns = {"DT", "DEPTH", "LAG_GU", "MIN_FT", "FT_HR",  "GAS_UNITS", "C1",
@@ -93,8 +95,8 @@ bool Create_LAS_TIME_file(Workstation& ws, const QString& file_name) {
                 // Rows are separated, not ended, as in the depth file.
                 if (rows > 0) out.put("\r\n");
                 out.put(Row(o, r));
-                if (++rows % kYieldRows == 0) {
-                    rhythm.yield();
+                rhythm.yield();
+                if (++rows % kProgressRows == 0) {
                     help.pgbar.setValue(help.pgbar.value() >= 1000 ? 1 : help.pgbar.value() + 1);
                 }
             }

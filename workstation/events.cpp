@@ -28,6 +28,17 @@ void DoEvents(Workstation& ws) {
     if (QCoreApplication::instance()) QCoreApplication::processEvents();
 }
 
+Pulse::Pulse(Workstation& ws, qint64 everyMs) : ws_(ws), everyMs_(everyMs) {
+    since_.start();
+}
+
+bool Pulse::beat() {
+    if (since_.elapsed() < everyMs_) return false;
+    DoEvents(ws_);
+    since_.restart();
+    return true;
+}
+
 void WaitEvents(Workstation& ws) {
     QTimer* delay = ws.timer("tmr_delay");
     if (QCoreApplication::instance() && delay && delay->isActive()) {
