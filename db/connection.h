@@ -7,6 +7,7 @@
 
 #include <QHash>
 #include <QString>
+#include <functional>
 #include <memory>
 
 struct sqlite3;
@@ -45,6 +46,11 @@ class Connection {
     // Counts every change made through this connection; a recordset's
     // read-ahead is dropped when it moved on behind its back.
     int64_t totalChanges() const;
+
+    // Called now and then inside one long read (the keys of a whole job
+    // for a recordset), which holds no write lock, so the program can let
+    // its event loop run; empty for none.
+    std::function<void()> longReadPulse;
 
     int transDepth = 0;
 

@@ -115,7 +115,11 @@ struct Recordset::Impl {
         cache.drop();
         if (type == RecordsetType::Dynaset) {
             StatementUse q(c(), "SELECT rowid FROM " + table + (tail.isEmpty() ? "" : " " + tail));
-            while (q.step()) keys.push_back(sqlite3_column_int64(q.get(), 0));
+            const auto& pulse = conn->longReadPulse;
+            while (q.step()) {
+                keys.push_back(sqlite3_column_int64(q.get(), 0));
+                if (pulse && keys.size() % 4096 == 0) pulse();
+            }
         }
         pos = keys.empty() ? -1 : 0;
         onDeleted = false;

@@ -7,6 +7,7 @@
 #include "depth/rop_collector.h"
 #include "text/numbers.h"
 #include "workstation/busy_guard.h"
+#include "workstation/events.h"
 #include "workstation/help_box.h"
 #include "workstation/messages.h"
 #include "workstation/workstation.h"
@@ -128,6 +129,8 @@ int32_t Collect(Workstation& ws, Stretch st, bool lagged, int& pt) {
             st.first = 0;
         }
     db::Database db = db::OpenDatabase(ws.fm_Gas_Chart.txt_db_path.text());
+    // The keys of a whole job take a while to read: the screen goes on.
+    db.connection()->longReadPulse = [pulse = station::Pulse(ws)]() mutable { pulse.beat(); };
     QString columns;
     for (const char* c : kColumns) columns += (columns.isEmpty() ? "" : ", ") + QString(c);
     db::Recordset rs = db.OpenRecordset(" SELECT " + columns + " FROM " + ws.db.Gtable_name + from +

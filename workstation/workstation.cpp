@@ -2,7 +2,24 @@
 
 #include "workstation/log.h"
 
+#include <ctime>
+
+namespace {
+// Every record's time goes through the local clock. With TZ unset the C
+// library looks at /etc/localtime again at each conversion: a file system
+// call for every few records of a long pass, most of an export's time on a
+// busy disk. Naming the zone file lets it keep what it read; a change of
+// the machine's zone is then seen at the next start, which keeps a job's
+// times in one zone anyway.
+void ReadTheZoneOnce() {
+    if (!qEnvironmentVariableIsEmpty("TZ")) return;
+    qputenv("TZ", ":/etc/localtime");
+    tzset();
+}
+} // namespace
+
 Workstation::Workstation(const QString& dir, platform::Dialogs* dialogs) : programDir(dir) {
+    ReadTheZoneOnce();
     setDialogs(dialogs);
     Rnd = [this] { return std::uniform_real_distribution<double>(0.0, 1.0)(rng_); };
 }
