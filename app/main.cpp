@@ -102,8 +102,7 @@ int main(int argc, char** argv) {
     if (args.isSet(pictures))
         shots = std::make_unique<ui::ScreenPictures>(desktop, args.value(pictures));
     std::unique_ptr<platform::StallWatch> stalls;
-    if (args.isSet(stallLog))
-        stalls = std::make_unique<platform::StallWatch>(args.value(stallLog));
+    if (args.isSet(stallLog)) stalls = std::make_unique<platform::StallWatch>(args.value(stallLog));
     desktop.showMain();
     if (args.isSet(localWits)) {
         ws.ports.place(1, args.value(localWits));

@@ -52,10 +52,10 @@ int main(int argc, char** argv) {
     const QCommandLineOption interval("interval", "Seconds between packets (default 6).", "SECONDS",
                                       "6");
     const QCommandLineOption rate(
-        "rate", "Run N times faster than the instrument: one packet every 6/N seconds of real time.",
-        "N");
-    const QCommandLineOption count("packets", "Stop sending after N packets (default: never).",
-                                   "N", "0");
+        "rate",
+        "Run N times faster than the instrument: one packet every 6/N seconds of real time.", "N");
+    const QCommandLineOption count("packets", "Stop sending after N packets (default: never).", "N",
+                                   "0");
     const QCommandLineOption seed("seed", "Seed of the drilling model (default 1).", "N", "1");
     const QCommandLineOption depth("start-depth", "Depth to start at, feet (default 4500).", "FEET",
                                    "4500");
@@ -79,8 +79,8 @@ int main(int argc, char** argv) {
                                      "0");
     const QCommandLineOption pause("transfer-pause",
                                    "Stop half way through a transfer for SECONDS.", "SECONDS", "0");
-    p.addOptions({tcp, pty, serial, interval, rate, count, seed, depth, first, start, log, drop, garbage, wits,
-                  login, gap, greet, dataFile, history, pause});
+    p.addOptions({tcp, pty,  serial,  interval, rate,  count, seed,  depth,    first,   start,
+                  log, drop, garbage, wits,     login, gap,   greet, dataFile, history, pause});
     p.process(app);
 
     sim::Settings s;
