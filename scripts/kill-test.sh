@@ -130,11 +130,11 @@ bad=0
 killed=0
 for run in $(seq "$RUNS"); do
   work=$OUT/write.work.db
-  rm -f "$work" "$work-wal" "$work-shm"
+  rm -f "$work" "$work-wal" "$work-shm" "$OUT/write.out"
   "$BIN/make-demo-job" --out "$work" --rows 3000 --report >"$OUT/write.out" 2>&1 &
   pid=$!
   # From its first committed row on.
-  while [ ! -s "$OUT/write.out" ] && kill -0 "$pid" 2>/dev/null; do sleep 0.02; done
+  while ! [ -s "$OUT/write.out" ] && kill -0 "$pid" 2>/dev/null; do sleep 0.02; done
   sleep "$(secs $((RANDOM % 1500)))"
   if kill -9 "$pid" 2>/dev/null; then killed=$((killed + 1)); fi
   wait "$pid" 2>/dev/null || true
