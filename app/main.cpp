@@ -1,17 +1,21 @@
 // The workstation program: build the workstation over the program folder,
 // run the start-up, show the main screen, and hand over to the event loop.
 //
-//   gaschart [--pictures FOLDER] [--local-wits DEVICE] [--help] [--version]
+//   gaschart [--pictures FOLDER] [--local-wits DEVICE] [--stall-log FILE]
+//            [--help] [--version]
 //
 // --pictures saves a picture of every screen, and the words on them, into
 // FOLDER every two seconds, for someone helping from afar.
 // --local-wits is for the demonstration with the rig recorder simulator:
 // DEVICE becomes serial port 1 and "Use Local WITS" is ticked once the
-// workstation is up, as the operator would tick it. --help and --version
+// workstation is up, as the operator would tick it. --stall-log writes the
+// longest hold of the event loop, once a second, for a long unattended run.
+// --help and --version
 // answer without a screen, so they work over ssh.
 #include "acquisition/startup.h"
 #include "acquisition/tick_table.h"
 #include "platform/folder_choice.h"
+#include "platform/stall_watch.h"
 #include "platform/stop_signals.h"
 #include "ui/desktop.h"
 #include "ui/pictures.h"
@@ -65,6 +69,9 @@ int main(int argc, char** argv) {
         "local-wits", "Take WITS from <device> as serial port 1 and tick Use Local WITS.",
         "device");
     args.addOption(localWits);
+    const QCommandLineOption stallLog(
+        "stall-log", "Append the longest hold of the event loop to <file> once a second.", "file");
+    args.addOption(stallLog);
     args.process(*app); // --help, --version and a wrong option end here
 
     // The first start of a user fills the folder; later starts (and updates
@@ -94,6 +101,8 @@ int main(int argc, char** argv) {
     std::unique_ptr<ui::ScreenPictures> shots;
     if (args.isSet(pictures))
         shots = std::make_unique<ui::ScreenPictures>(desktop, args.value(pictures));
+    std::unique_ptr<platform::StallWatch> stalls;
+    if (args.isSet(stallLog)) stalls = std::make_unique<platform::StallWatch>(args.value(stallLog));
     desktop.showMain();
     if (args.isSet(localWits)) {
         ws.ports.place(1, args.value(localWits));

@@ -239,14 +239,21 @@ bool SaveKWData(Workstation& ws) {
     } catch (const std::exception& e) {
         const auto* dbe = dynamic_cast<const db::DbError*>(&e);
         const int number = dbe ? dbe->number() : 0;
-        ws.db.Gdb_error = true;
-        if (number == db::err::DuplicateKey)
+        const QString description = dbe ? dbe->description() : QString::fromUtf8(e.what());
+        if (number == db::err::DuplicateKey) {
+            ws.db.Gdb_error = true;
             station::disply_text_alarms(
                 ws, "DB Write Err: Duplacate packet numbers found in the data base.");
-        else
-            station::disply_text_alarms(
-                ws, "DB Write Err: " + (dbe ? dbe->description() : QString::fromUtf8(e.what())) +
-                        " " + QString::number(number) + "  Err point: " + QString::number(pt));
+        } else if (const QString failure = QString::number(number) + " " + description;
+                   failure != st.writerFailure) {
+            // A full disk or a locked file fails every packet until it is put
+            // right: said once, not every six seconds through the night.
+            st.writerFailure = failure;
+            ws.db.Gdb_error = true;
+            station::disply_text_alarms(ws, "DB Write Err: " + description + " " +
+                                                QString::number(number) +
+                                                "  Err point: " + QString::number(pt));
+        }
         row.reset();
         rs.Close();
         st.writerDb.Close();
@@ -255,6 +262,7 @@ bool SaveKWData(Workstation& ws) {
 
     // 20. The logs and the minimised title name the unit of the newest row.
     st.RecordCount += 1;
+    st.writerFailure.clear();
     ws.packet.UnitSerial = f[SERIALNUM];
     return true;
 }

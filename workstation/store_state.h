@@ -43,6 +43,9 @@ struct StoreState {
     db::Database writerDb;
     QString writerPath;
     uint64_t writerFileId = 0;
+    // The failure of the file (not of a packet) the writer last reported,
+    // as number and description; empty once a row is stored again.
+    QString writerFailure;
 };
 
 } // namespace store

@@ -46,7 +46,7 @@ Instrument::Instrument(const Settings& s, Channel& channel)
     greetTimer_.setSingleShot(true);
     QObject::connect(&greetTimer_, &QTimer::timeout, [this] {
         sendPacket();
-        packetTimer_.start();
+        if (s_.packets == 0 || sent_ < s_.packets) packetTimer_.start();
     });
     replyTimer_.setSingleShot(true);
     QObject::connect(&replyTimer_, &QTimer::timeout, [this] { sendNextReply(); });
@@ -77,6 +77,7 @@ void Instrument::note(const QString& line) {
 void Instrument::sendPacket() {
     // The instrument samples whether anyone listens or not; what nobody
     // hears is simply lost, and the packet numbers jump.
+    if (s_.packets > 0 && sent_ >= s_.packets) return;
     const drill::Sample sample = model_.next();
     store(sample);
     if (!ch_.connected()) return;
@@ -84,6 +85,11 @@ void Instrument::sendPacket() {
     ch_.write(drill::Model::PacketLine(sample).toLatin1());
     ++sent_;
     note(QStringLiteral("PACKET ") + QString::number(sample.packetNumber));
+    if (s_.packets > 0 && sent_ >= s_.packets) {
+        // The link stays up, silent, so the other end can finish its work.
+        packetTimer_.stop();
+        note(QStringLiteral("DONE ") + QString::number(sent_));
+    }
     if (s_.relayWits) ch_.write(drill::Model::WitsLine(sample).toLatin1());
 
     if (s_.garbage && std::uniform_int_distribution<int>(0, 2)(noise_) == 0)

@@ -15,6 +15,7 @@ namespace sim {
 struct Settings {
     double interval = 6;    // seconds between packets
     int dropEvery = 0;      // drop the link after every N packets sent
+    long packets = 0;       // stop sending after this many (0: never)
     bool garbage = false;   // noise and broken packets between good ones
     bool relayWits = false; // a "^" line after each packet
     bool twoWayLogin = false;

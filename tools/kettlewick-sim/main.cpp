@@ -51,6 +51,11 @@ int main(int argc, char** argv) {
     const QCommandLineOption serial("serial", "Open an existing serial DEVICE.", "DEVICE");
     const QCommandLineOption interval("interval", "Seconds between packets (default 6).", "SECONDS",
                                       "6");
+    const QCommandLineOption rate(
+        "rate",
+        "Run N times faster than the instrument: one packet every 6/N seconds of real time.", "N");
+    const QCommandLineOption count("packets", "Stop sending after N packets (default: never).", "N",
+                                   "0");
     const QCommandLineOption seed("seed", "Seed of the drilling model (default 1).", "N", "1");
     const QCommandLineOption depth("start-depth", "Depth to start at, feet (default 4500).", "FEET",
                                    "4500");
@@ -74,8 +79,8 @@ int main(int argc, char** argv) {
                                      "0");
     const QCommandLineOption pause("transfer-pause",
                                    "Stop half way through a transfer for SECONDS.", "SECONDS", "0");
-    p.addOptions({tcp, pty, serial, interval, seed, depth, first, start, log, drop, garbage, wits,
-                  login, gap, greet, dataFile, history, pause});
+    p.addOptions({tcp, pty,  serial,  interval, rate,  count, seed,  depth,    first,   start,
+                  log, drop, garbage, wits,     login, gap,   greet, dataFile, history, pause});
     p.process(app);
 
     sim::Settings s;
@@ -85,6 +90,17 @@ int main(int argc, char** argv) {
         std::fprintf(stderr, "kettlewick-sim: --interval needs a number of seconds above 0\n");
         return 2;
     }
+    if (p.isSet(rate)) {
+        // The packets' own times still step six seconds: only the wall clock
+        // runs faster.
+        const double n = p.value(rate).toDouble(&ok);
+        if (!ok || n <= 0) {
+            std::fprintf(stderr, "kettlewick-sim: --rate needs a number above 0\n");
+            return 2;
+        }
+        s.interval = 6 / n;
+    }
+    s.packets = std::max(0L, p.value(count).toLong());
     s.model.seed = p.value(seed).toUInt();
     s.model.startDepth = p.value(depth).toDouble();
     s.model.firstPacket = p.isSet(first) ? p.value(first).toLong() : ClockPacketNumber();

@@ -1,0 +1,232 @@
+// Job files that are not what they should be, opened and written as the
+// program does: each gives the system's message, and neither the open nor
+// the live writer changes a byte of a file it can't use or a row of one it
+// can.
+#include "station.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QProcess>
+#include <functional>
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+using storetest::InsertPackets;
+using storetest::RawDb;
+using storetest::Station;
+
+namespace {
+
+QByteArray Bytes(const QString& path) {
+    QFile f(path);
+    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray("<missing>");
+}
+
+// A job of n rows, its log folded into the file, so that the file alone is
+// the whole job.
+void FoldedJob(const QString& job, int n) {
+    std::vector<int> p(n);
+    for (int i = 0; i < n; ++i) p[i] = i + 1;
+    InsertPackets(job, p);
+    RawDb(job).exec("PRAGMA wal_checkpoint(TRUNCATE)");
+}
+
+struct BadFile {
+    const char* what;
+    std::function<void(const QString& job)> make;
+    // What the open says once the user has refused the conversion (or
+    // when no question is asked).
+    QString openSays;
+    bool asks; // the conversion question comes first
+    QString writeSays;
+    // Whether the file may not change at all (a file the program can't
+    // use); otherwise the rows 1 .. kept must come through as they were.
+    bool untouched;
+    int kept;
+};
+
+} // namespace
+
+TEST(BadJob, EachBadFileIsNamedByTheOpenAndTheWriterAndNothingInItIsLost) {
+    const BadFile cases[] = {
+        {"zero bytes",
+         [](const QString& job) {
+             QFile f(job);
+             f.open(QIODevice::WriteOnly);
+         },
+         "Open DB Err: No table or query named no such table: OMBRI_DB_010 Err pt: 6", true,
+         "DB Write Err: No table or query named no such table: OMBRI_DB_010 3078  Err point: 0",
+         true, 0},
+        {"truncated",
+         [](const QString& job) {
+             storetest::MakeJob(job);
+             FoldedJob(job, 4000);
+             QFile f(job);
+             f.resize(f.size() / 2);
+         },
+         "Open DB Err: The data base file is damaged", true, "DB Write Err: ", true, 0},
+        {"no record table",
+         [](const QString& job) {
+             storetest::MakeJob(job);
+             FoldedJob(job, 3);
+             RawDb(job).exec("DROP TABLE OMBRI_DB_010");
+         },
+         "Open DB Err: No table or query named no such table: OMBRI_DB_010 Err pt: 6", true,
+         "DB Write Err: No table or query named no such table: OMBRI_DB_010 3078  Err point: 0",
+         true, 0},
+        {"a column missing",
+         [](const QString& job) {
+             storetest::MakeJob(job);
+             FoldedJob(job, 3);
+             RawDb(job).exec("ALTER TABLE OMBRI_DB_010 DROP COLUMN GAS_UNITS");
+         },
+         "", false, "DB Write Err: Item not found in this collection: ", false, 3},
+    };
+    for (const BadFile& c : cases) {
+        SCOPED_TRACE(c.what);
+        Station s;
+        QFile::remove(s.job);
+        c.make(s.job);
+        const QByteArray before = Bytes(s.job);
+        const QString rowsBefore = c.kept ? RawDb(s.job).packets() : QString();
+
+        s.open();
+        EXPECT_EQ(s.dialogs.boxes.size(), c.asks ? 1u : 0u);
+        if (c.openSays.isEmpty())
+            EXPECT_FALSE(s.messages().join('|').contains("Err"))
+                << s.messages().join('|').toStdString();
+        else
+            EXPECT_TRUE(s.messages().filter(c.openSays).size() >= 1)
+                << s.messages().join('|').toStdString();
+        EXPECT_TRUE(s.folder.read("ERR_LOG.TXT").contains(c.openSays));
+
+        // The live writer says why its row was lost, and raises the flag the
+        // error timer serves.
+        s.save(10);
+        EXPECT_TRUE(s.lastMessage().startsWith(c.writeSays)) << s.lastMessage().toStdString();
+        EXPECT_TRUE(s.ws.db.Gdb_error);
+        if (c.untouched) {
+            EXPECT_EQ(Bytes(s.job), before);
+            EXPECT_FALSE(QFile::exists(s.job + "-wal") && QFileInfo(s.job + "-wal").size() > 0);
+        } else {
+            RawDb raw(s.job);
+            EXPECT_EQ(raw.integrity(), "ok");
+            EXPECT_EQ(raw.packets(), rowsBefore);
+        }
+        // The error timer's reopen and the chart after it go on quietly.
+        s.ws.db.Gdb_error = false;
+        store::PrimeLastRecord(s.ws);
+        if (c.untouched) {
+            EXPECT_EQ(Bytes(s.job), before);
+        }
+    }
+}
+
+namespace {
+
+// Something done to a good job for as long as the returned object lives.
+using Hold = std::shared_ptr<void>;
+// A hold whose end runs `undo`.
+Hold Undo(std::function<void()> undo) {
+    return Hold(new int(0), [undo](void* p) {
+        undo();
+        delete static_cast<int*>(p);
+    });
+}
+
+// The folder of the job closed to new files, for the super-user too: its
+// immutable attribute.
+Hold ReadOnlyFolder(const QString& job) {
+    const QString dir = QFileInfo(job).path();
+    if (geteuid() == 0) {
+        if (QProcess::execute("chattr", {"+i", dir}) != 0) return nullptr;
+        return Undo([dir] { QProcess::execute("chattr", {"-i", dir}); });
+    }
+    QFile::setPermissions(dir, QFile::ReadOwner | QFile::ExeOwner);
+    return Undo([dir] {
+        QFile::setPermissions(dir, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    });
+}
+
+// The SQLite shell inside a write transaction of its own (readers go on, a
+// writer waits), until the hold ends.
+Hold ShellWriting(const QString& job) {
+    auto shell = std::make_shared<QProcess>();
+    shell->setProcessChannelMode(QProcess::MergedChannels);
+    shell->start("sqlite3", {job});
+    if (!shell->waitForStarted(5000)) return nullptr;
+    shell->write("BEGIN IMMEDIATE;\nSELECT 'holding';\n");
+    QByteArray said;
+    while (!said.contains("holding") && shell->waitForReadyRead(5000)) said += shell->readAll();
+    if (!said.contains("holding")) return nullptr;
+    return Undo([shell] {
+        shell->write("ROLLBACK;\n.quit\n");
+        shell->closeWriteChannel();
+        if (!shell->waitForFinished(5000)) shell->kill();
+    });
+}
+
+struct GoodJobHeld {
+    const char* what;
+    Hold (*hold)(const QString& job);
+    bool opens;        // the shared set opens (and reads every row)
+    QString openSays;  // else the open's message
+    QString writeSays; // the live writer's message while held
+    // Held again once the writer has its files open, it still fails (a
+    // closed folder does not stop a file already there from growing).
+    bool failsAgain;
+};
+
+} // namespace
+
+TEST(BadJob, AGoodJobHeldFromOutsideIsReadWhereItCanBeAndStoresAgainOnceFreed) {
+    const GoodJobHeld cases[] = {
+        {"read-only folder", ReadOnlyFolder, false, "Open DB Err: Could not find or open the file",
+         "DB Write Err: Could not find or open", false},
+        {"another program writing", ShellWriting, true, "",
+         "DB Write Err: The data base is locked by another program", true},
+    };
+    for (const GoodJobHeld& c : cases) {
+        SCOPED_TRACE(c.what);
+        Station s;
+        InsertPackets(s.job, {1, 2, 3});
+        RawDb(s.job).exec("PRAGMA wal_checkpoint(TRUNCATE)");
+        {
+            Hold hold = c.hold(s.job);
+            ASSERT_TRUE(hold) << "could not set up";
+            s.open();
+            EXPECT_EQ(s.ws.db.Grecords.isOpen(), c.opens) << s.messages().join('|').toStdString();
+            if (c.opens)
+                EXPECT_EQ(s.ws.db.Grecords.RecordCount(), 3);
+            else
+                EXPECT_TRUE(s.lastMessage().startsWith(c.openSays))
+                    << s.messages().join('|').toStdString();
+            s.save(4);
+            EXPECT_TRUE(s.lastMessage().startsWith(c.writeSays)) << s.lastMessage().toStdString();
+            EXPECT_TRUE(s.ws.db.Gdb_error);
+            // Every packet fails the same way while it lasts: said once, and
+            // the error timer is not called on again for it.
+            s.ws.db.Gdb_error = false;
+            s.save(6);
+            EXPECT_EQ(s.messages().filter("DB Write Err: ").size(), 1)
+                << s.messages().join('|').toStdString();
+            EXPECT_FALSE(s.ws.db.Gdb_error);
+        }
+        // Freed: what was there is there, and the next packet is stored.
+        s.ws.db.Gdb_error = false;
+        store::PrimeLastRecord(s.ws);
+        ASSERT_TRUE(s.ws.db.Grecords.isOpen()) << s.messages().join('|').toStdString();
+        s.save(5);
+        EXPECT_FALSE(s.ws.db.Gdb_error) << s.lastMessage().toStdString();
+        RawDb raw(s.job);
+        EXPECT_EQ(raw.integrity(), "ok");
+        EXPECT_EQ(raw.packets(), "1,2,3,5");
+        if (!c.failsAgain) continue;
+        // Stored again: the next failure is news.
+        Hold again = c.hold(s.job);
+        s.save(7);
+        EXPECT_TRUE(s.ws.db.Gdb_error);
+        EXPECT_EQ(s.messages().filter("DB Write Err: ").size(), 2)
+            << s.messages().join('|').toStdString();
+    }
+}
