@@ -3,29 +3,22 @@
 // switch off, and a pass of the monitor on demand.
 
 #include "alarms/alarm_monitor.h"
-#include "program_folder.h"
-#include "scripted_dialogs.h"
+#include "test_station.h"
 #include "workstation/packet_state.h"
 #include "workstation/workstation.h"
 
 #include <gtest/gtest.h>
 #include <ostream>
 
-inline void PrintTo(const QString& s, std::ostream* os) {
-    *os << '"' << s.toStdString() << '"';
-}
 inline std::ostream& operator<<(std::ostream& os, const QString& s) {
     return os << s.toStdString();
 }
 
 namespace alarmtest {
 
-class AlarmTest : public ::testing::Test {
+class AlarmTest : public ::testing::Test, protected testkit::Station {
   protected:
-    testkit::ProgramFolder folder;
-    testkit::ScriptedDialogs dialogs;
-    testkit::WiredWorkstation ws{folder.path(), &dialogs};
-    QDateTime now{QDate(2024, 3, 5), QTime(14, 7, 9)};
+    QDateTime now = testkit::FixedNow();
 
     AlarmTest() {
         ws.Now = [this] { return now; };

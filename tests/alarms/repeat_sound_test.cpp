@@ -4,6 +4,7 @@
 
 #include "simulator.h"
 
+#include <QDataStream>
 #include <QFile>
 #include <QTimer>
 
@@ -21,33 +22,20 @@ class RepeatAndSound : public AlarmTest {
         for (int i = 0; i < seconds; ++i) alarms::tmr_alarm_mon_Timer(ws);
         return static_cast<int>(ws.alarms.alarmsRaised - before);
     }
-    // A wave file of a tenth of a second of silence.
+    // A wave file of a tenth of a second of silence: 8 kHz, 8 bits, mono.
     QString writeWave(const QString& name) {
-        QByteArray data(800, '\0');
-        QByteArray w;
-        auto u32 = [&](quint32 v) {
-            for (int i = 0; i < 4; ++i) w.append(char((v >> (8 * i)) & 0xff));
-        };
-        auto u16 = [&](quint16 v) {
-            w.append(char(v & 0xff));
-            w.append(char(v >> 8));
-        };
-        w.append("RIFF");
-        u32(36 + data.size());
-        w.append("WAVEfmt ");
-        u32(16);
-        u16(1);
-        u16(1);
-        u32(8000);
-        u32(8000);
-        u16(1);
-        u16(8);
-        w.append("data");
-        u32(data.size());
-        w.append(data);
         QFile f(folder.file(name));
         f.open(QIODevice::WriteOnly);
-        f.write(w);
+        QDataStream d(&f);
+        d.setByteOrder(QDataStream::LittleEndian);
+        d.writeRawData("RIFF", 4);
+        d << quint32(36 + 800);
+        d.writeRawData("WAVEfmt ", 8);
+        d << quint32(16) << quint16(1) << quint16(1) << quint32(8000) << quint32(8000) << quint16(1)
+          << quint16(8);
+        d.writeRawData("data", 4);
+        d << quint32(800);
+        f.write(QByteArray(800, '\0'));
         return f.fileName();
     }
 };
@@ -97,13 +85,11 @@ TEST_F(RepeatAndSound, AMissingOrBrokenWaveFileIsLoggedAndNeverStopsTheAlarm) {
         QString file;
         bool plays;
     };
-    const Case cases[] = {
-        {"", false},
-        {"*.wav", false},
-        {folder.file("nowhere.wav"), false},
-        {folder.file("broken.wav"), false},
-        {writeWave("alarm.wav"), true},
-    };
+    const Case cases[] = {{"", false},
+                          {"*.wav", false},
+                          {folder.file("nowhere.wav"), false},
+                          {folder.file("broken.wav"), false},
+                          {writeWave("alarm.wav"), true}};
     for (const Case& c : cases) {
         ws.fm_setup.txt_wav_file.setText(c.file);
         const long failures = ws.alarms.soundFailures;

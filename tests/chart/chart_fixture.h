@@ -1,15 +1,12 @@
 #pragma once
-// A workstation over a temporary program folder with a job file of its own,
-// drawing on a recording canvas. Records go into the file through plain
-// SQLite, as another program would put them there, a packet every six
-// seconds unless a record says otherwise.
+// A workstation with a job file of its own, drawing on a recording canvas.
+// Records go in through plain SQLite, six seconds apart unless told.
 
 #include "chart/chart.h"
 #include "db/schema.h"
-#include "program_folder.h"
 #include "raw_db.h"
-#include "scripted_dialogs.h"
 #include "store/lifecycle.h"
+#include "test_station.h"
 #include "workstation/recording_canvas.h"
 #include "workstation/workstation.h"
 
@@ -29,20 +26,15 @@ struct Rec {
     Rec& set(const QString& col, const QVariant& v) { return cols[col] = v, *this; }
 };
 
-class ChartTest : public ::testing::Test {
+class ChartTest : public ::testing::Test, protected testkit::Station {
   protected:
-    testkit::ProgramFolder folder;
-    testkit::ScriptedDialogs dialogs;
-    testkit::WiredWorkstation ws{folder.path(), &dialogs};
-    QString path = folder.file("JOB.db");
+    QString path = job;
     std::shared_ptr<station::RecordingCanvas> canvas =
         std::make_shared<station::RecordingCanvas>(12000, 9000);
     QDateTime clock{QDate(2026, 11, 2), QTime(6, 0, 0)};
     long packet = 1;
 
-    ChartTest() {
-        db::MakeBlankJob(path, db::kRecordTable);
-        ws.fm_Gas_Chart.txt_db_path.setText(path);
+    ChartTest() : Station("JOB.db") {
         ws.chart.graph = canvas;
         ws.loop.Gstarting_up = false;
         ws.chart.Gchart_busy = false;
@@ -68,61 +60,37 @@ class ChartTest : public ::testing::Test {
         testkit::RawDb raw(path);
         raw.exec("BEGIN");
         for (const Rec& r : recs) {
-            std::map<QString, QVariant> c = {
-                {"ID", QVariant::fromValue(packet)},
-                {"PACKET_NUM", QVariant::fromValue(packet)},
-                {"SERIAL_NUM", "KW1042"},
-                {"DATE_TXT", r.at.date().toString("MM/dd/yyyy")},
-                {"TIME_TXT", r.at.time().toString("HH:mm:ss")},
-                {"DT", r.at.toString("yyyy-MM-dd HH:mm:ss")},
-                {"DEPTH", 1000.0},
-                {"DEPTH_RAW", 1000.0},
-                {"GAS_UNITS", 10.0},
-                {"C1", 1.0},
-                {"C2", 0.0},
-                {"C3", 0.0},
-                {"IC4", 0.0},
-                {"NC4", 0.0},
-                {"CGTESTNUM", 1.0},
-                {"ERR_TXT", "0"},
-                {"TOTAL_SPM", 100.0},
-                {"BIT_DEPTH", 1000.0},
-                {"H2S", 0.0},
-                {"O2", 20.9},
-                {"CO2", 0.5},
-                {"EXT_AMPS", 1.0},
-                {"VOLTS", 13.5},
-                {"CHROM_VAC", 500.0},
-                {"TEMP", 40.0},
-                {"SAMPLEVAC", 50.0},
-                {"LPH", 60.0},
-                {"CGV", 0.0},
-            };
-            ++packet;
-            for (const auto& [k, v] : r.cols) c[k] = v;
-            QStringList names, marks;
-            for (const auto& kv : c) {
-                names << kv.first;
-                marks << "?";
-            }
+            const long n = packet++;
+            raw.exec(QString("INSERT INTO OMBRI_DB_010 (ID, PACKET_NUM, DATE_TXT, TIME_TXT, DT, "
+                             "SERIAL_NUM, DEPTH, DEPTH_RAW, GAS_UNITS, C1, C2, C3, IC4, NC4, "
+                             "CGTESTNUM, ERR_TXT, TOTAL_SPM, BIT_DEPTH, H2S, O2, CO2, EXT_AMPS, "
+                             "VOLTS, CHROM_VAC, TEMP, SAMPLEVAC, LPH, CGV) VALUES (%1, %1, '%2', "
+                             "'%3', '%4', 'KW1042', 1000.0, 1000.0, 10.0, 1.0, 0.0, 0.0, 0.0, 0.0, "
+                             "1.0, '0', 100.0, 1000.0, 0.0, 20.9, 0.5, 1.0, 13.5, 500.0, 40.0, "
+                             "50.0, 60.0, 0.0)")
+                         .arg(n)
+                         .arg(r.at.date().toString("MM/dd/yyyy"), r.at.time().toString("HH:mm:ss"),
+                              r.at.toString("yyyy-MM-dd HH:mm:ss")));
+            if (r.cols.empty()) continue;
+            QStringList sets;
+            for (const auto& kv : r.cols) sets << kv.first + " = ?";
             sqlite3_stmt* st = nullptr;
-            const QByteArray sql = ("INSERT INTO OMBRI_DB_010 (" + names.join(',') + ") VALUES (" +
-                                    marks.join(',') + ")")
+            const QByteArray sql = ("UPDATE OMBRI_DB_010 SET " + sets.join(',') +
+                                    " WHERE PACKET_NUM = " + QString::number(n))
                                        .toUtf8();
             sqlite3_prepare_v2(raw.handle(), sql.constData(), -1, &st, nullptr);
-            int n = 1;
-            for (const auto& kv : c) {
-                const QVariant& v = kv.second;
+            int i = 1;
+            for (const auto& [k, v] : r.cols) {
                 if (v.isNull())
-                    sqlite3_bind_null(st, n);
+                    sqlite3_bind_null(st, i);
                 else if (v.typeId() == QMetaType::QString)
-                    sqlite3_bind_text(st, n, v.toString().toUtf8().constData(), -1,
+                    sqlite3_bind_text(st, i, v.toString().toUtf8().constData(), -1,
                                       SQLITE_TRANSIENT);
                 else if (v.typeId() == QMetaType::Double)
-                    sqlite3_bind_double(st, n, v.toDouble());
+                    sqlite3_bind_double(st, i, v.toDouble());
                 else
-                    sqlite3_bind_int64(st, n, v.toLongLong());
-                ++n;
+                    sqlite3_bind_int64(st, i, v.toLongLong());
+                ++i;
             }
             EXPECT_EQ(sqlite3_step(st), SQLITE_DONE);
             sqlite3_finalize(st);

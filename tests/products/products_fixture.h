@@ -2,11 +2,8 @@
 // A workstation over a temporary program folder with a small job whose
 // every value is known, and the helpers the file tests share.
 
-#include "db/schema.h"
-#include "program_folder.h"
 #include "raw_db.h"
-#include "scripted_dialogs.h"
-#include "workstation/workstation.h"
+#include "test_station.h"
 
 #include <QDir>
 #include <QFile>
@@ -25,17 +22,11 @@ inline const char* const kSmallJob[] = {
     "1006,'2026-11-01 06:00:30','06:00:30',1003.4,7,5,12,3,2,1,0.5,0.5,20.2,0.9,5,20,NULL",
 };
 
-class ProductsTest : public ::testing::Test {
+class ProductsTest : public ::testing::Test, protected testkit::Station {
   protected:
-    testkit::ProgramFolder folder;
-    testkit::ScriptedDialogs dialogs;
-    testkit::WiredWorkstation ws{folder.path(), &dialogs};
-    QString job = folder.file("JOB.db");
     QString out = folder.file("out");
 
-    ProductsTest() {
-        db::MakeBlankJob(job, db::kRecordTable);
-        ws.fm_Gas_Chart.txt_db_path.setText(job);
+    ProductsTest() : Station("JOB.db") {
         ws.Now = [] { return QDateTime(QDate(2026, 11, 2), QTime(12, 0, 0)); };
         QDir().mkpath(out);
     }
@@ -81,13 +72,6 @@ class ProductsTest : public ::testing::Test {
         return raw.rows();
     }
 };
-
-// Tab-joined text of the parts.
-inline QByteArray Tabbed(std::initializer_list<const char*> parts) {
-    QByteArray b;
-    for (const char* p : parts) b += (b.isEmpty() ? "" : "\t") + QByteArray(p);
-    return b;
-}
 
 // A row of a delimited file written as "a|b|c": the cells joined by tabs.
 inline QByteArray Cells(const char* row) {

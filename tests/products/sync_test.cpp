@@ -4,10 +4,10 @@
 #include "acquisition/supervision.h"
 #include "acquisition/sync.h"
 #include "products_fixture.h"
+#include "pty_pair.h"
 #include "simulator.h"
 
 #include <QElapsedTimer>
-#include <QProcess>
 #include <QTimer>
 #include <set>
 
@@ -97,14 +97,10 @@ TEST_F(Sync, SilenceOfFiveSecondsEndsTheTransfer) {
 }
 
 TEST_F(ProductsTest, NoReplyEndsAfterTenSecondsWithNothingImported) {
-    // A port pair with nobody at the other end.
-    QProcess socat;
-    socat.start("socat", {"pty,raw,echo=0,link=" + folder.file("ws"),
-                          "pty,raw,echo=0,link=" + folder.file("far")});
-    ASSERT_TRUE(socat.waitForStarted(3000));
-    ASSERT_TRUE(testkit::PumpUntil(3000, [&] { return QFile::exists(folder.file("ws")); }));
+    testkit::PtyPair pair; // nobody at the far end
+    ASSERT_TRUE(pair.start());
     ws.ports.setScanDevices(false);
-    ws.ports.place(3, folder.file("ws"));
+    ws.ports.place(3, pair.workstationEnd());
     ws.MSComm1.CommPort = 3;
     ASSERT_EQ(ws.MSComm1.SetPortOpen(true), 0);
     ws.fm_Gas_Chart.cmd_comm1.setBackColor(forms::color::Green);
@@ -123,8 +119,6 @@ TEST_F(ProductsTest, NoReplyEndsAfterTenSecondsWithNothingImported) {
     EXPECT_FALSE(ws.db.Gdb_busy);
     EXPECT_FALSE(ws.packet.Gtransfer_active);
     ws.MSComm1.SetPortOpen(false);
-    socat.terminate();
-    socat.waitForFinished(3000);
 }
 
 TEST_F(ProductsTest, TheDownloadRefusesWithoutASerialPort) {

@@ -6,11 +6,14 @@ namespace {
 
 using namespace statstest;
 
-// The block lines of a report: START/END DATE and TIME, in order.
+// The blocks of a report as "start date time - end date time" (the hand
+// worked job checks the words of these lines).
 QStringList Blocks(const QStringList& report) {
-    QStringList out;
+    QStringList v, out;
     for (const QString& l : report)
-        if (l.startsWith("START ") || l.startsWith("END ")) out << l;
+        if (l.startsWith("START ") || l.startsWith("END ")) v << l.mid(l.indexOf(": ") + 2);
+    for (int i = 0; i + 3 < v.size(); i += 4)
+        out << v[i] + " " + v[i + 1] + " - " + v[i + 2] + " " + v[i + 3];
     return out;
 }
 
@@ -22,7 +25,6 @@ TEST(DayBlocks, StartAndEndAtTheReportHourOnceTheDateHasChanged) {
     struct Case {
         const char* what;
         QDateTime start;
-        int secondsApart;
         const char* reportTime;
         int records;
         QStringList blocks;
@@ -33,59 +35,32 @@ TEST(DayBlocks, StartAndEndAtTheReportHourOnceTheDateHasChanged) {
         // Record 14400 is 11/02 05:00:00, the first of the new date at 05.
         {"a job that starts at the report hour exactly",
          QDateTime(nov1, QTime(5, 0, 0)),
-         6,
          "05:00",
          14450,
-         {"START DATE: 11/01/2026", "START TIME: 05:00:00", "END DATE: 11/02/2026",
-          "END TIME: 05:00:00", "START DATE: 11/02/2026", "START TIME: 05:00:00",
-          // the last record, 14449 x 6 s = 24:04:54 after the start
-          "END DATE: 11/02/2026", "END TIME: 05:04:54"},
+         // the last record, 14449 x 6 s = 24:04:54 after the start
+         {"11/01/2026 05:00:00 - 11/02/2026 05:00:00", "11/02/2026 05:00:00 - 11/02/2026 05:04:54"},
          {"Processed 14399 number of records", "Processed 49 number of records"}},
         // 05:xx of the first date and 04:59:54 of the next don't end it.
         {"one record before the report hour",
          QDateTime(nov1, QTime(4, 59, 54)),
-         6,
          "05:00",
          14460,
-         {"START DATE: 11/01/2026", "START TIME: 04:59:54", "END DATE: 11/02/2026",
-          "END TIME: 05:00:00", "START DATE: 11/02/2026", "START TIME: 05:00:00",
-          // 14459 x 6 s = 24:05:54 after 04:59:54
-          "END DATE: 11/02/2026", "END TIME: 05:05:48"},
+         // 14459 x 6 s = 24:05:54 after 04:59:54
+         {"11/01/2026 04:59:54 - 11/02/2026 05:00:00", "11/02/2026 05:00:00 - 11/02/2026 05:05:48"},
          {"Processed 14400 number of records", "Processed 58 number of records"}},
         // Report hour 00:00: the first day is the hour to midnight.
         {"report hour midnight",
          QDateTime(nov1, QTime(23, 0, 0)),
-         6,
          "00:00",
          15000,
-         {"START DATE: 11/01/2026", "START TIME: 23:00:00", "END DATE: 11/02/2026",
-          "END TIME: 00:00:00", "START DATE: 11/02/2026", "START TIME: 00:00:00",
-          // 14999 x 6 s = 24:59:54 after 23:00:00
-          "END DATE: 11/02/2026", "END TIME: 23:59:54"},
+         // 14999 x 6 s = 24:59:54 after 23:00:00
+         {"11/01/2026 23:00:00 - 11/02/2026 00:00:00", "11/02/2026 00:00:00 - 11/02/2026 23:59:54"},
          {"Processed 599 number of records", "Processed 14399 number of records"}},
-        // Three-second packets: a block stops at 14501 records (n past 14500),
-        // 12:05:03 into the day, and the next one runs on the first day's date
-        // to 05:00 of the next.
-        {"packets three seconds apart",
-         QDateTime(nov1, QTime(5, 0, 0)),
-         3,
-         "05:00",
-         30000,
-         {"START DATE: 11/01/2026", "START TIME: 05:00:00", "END DATE: 11/01/2026",
-          "END TIME: 17:05:03", "START DATE: 11/01/2026", "START TIME: 17:05:03",
-          "END DATE: 11/02/2026", "END TIME: 05:00:00", "START DATE: 11/02/2026",
-          "START TIME: 05:00:00",
-          // 29999 x 3 s = 24:59:57 after the start
-          "END DATE: 11/02/2026", "END TIME: 05:59:57"},
-         // 14501 records, then 14501 to 28799, then 28800 to 29999
-         {"Processed 14501 number of records", "Processed 14298 number of records",
-          "Processed 1199 number of records"}},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.what);
         Job job;
         job.clock = c.start;
-        job.secondsApart = c.secondsApart;
         job.ws.fm_setup.cmb_Report_Time.setText(c.reportTime);
         job.add(Repeat(c.records, On(1000)));
         EXPECT_EQ(Blocks(job.run()), c.blocks);
@@ -93,12 +68,23 @@ TEST(DayBlocks, StartAndEndAtTheReportHourOnceTheDateHasChanged) {
     }
 }
 
-TEST_F(StatsJob, ADayOfMoreThan14400RecordsOnBottomHasNegativeOffBottomTime) {
-    // Three-second packets, all on bottom: the first block's 14501 records
-    // count 87006 s on bottom, and 86400 - 87006 = -606 s off.
+TEST_F(StatsJob, ThreeSecondPacketsCutADayAt14501RecordsWithNegativeOffBottomTime) {
+    // A block stops at 14501 records (n past 14500), 12:05:03 into the day,
+    // and the next one runs on the first day's date to 05:00 of the next.
     secondsApart = 3;
     add(Repeat(30000, On(1000)));
     const QStringList r = run();
+    EXPECT_EQ(Blocks(r),
+              // the last record 29999 x 3 s = 24:59:57 after the start
+              QStringList({"11/01/2026 05:00:00 - 11/01/2026 17:05:03",
+                           "11/01/2026 17:05:03 - 11/02/2026 05:00:00",
+                           "11/02/2026 05:00:00 - 11/02/2026 05:59:57"}));
+    // 14501 records, then 14501 to 28799, then 28800 to 29999
+    EXPECT_EQ(Processed(status()),
+              QStringList({"Processed 14501 number of records", "Processed 14298 number of records",
+                           "Processed 1199 number of records"}));
+    // All on bottom: the first block's 14501 records count 87006 s on
+    // bottom, and 86400 - 87006 = -606 s off.
     EXPECT_EQ(
         from(r, "Total Off Bottom Time: -01:-11:-06", 4),
         QStringList({"Total Off Bottom Time: -01:-11:-06", "Total On Bottom Time: 24:10:06",

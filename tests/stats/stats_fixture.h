@@ -1,14 +1,11 @@
 #pragma once
-// A workstation over a temporary program folder with a job of its own, whose
-// records are written straight through the store with just the columns the
-// report reads, six seconds apart unless a test says otherwise.
+// The test station with a job whose records are written straight through the
+// store with just the columns the report reads, six seconds apart unless a
+// test says otherwise.
 
 #include "db/recordset.h"
-#include "db/schema.h"
-#include "program_folder.h"
-#include "scripted_dialogs.h"
 #include "stats/statistics.h"
-#include "workstation/workstation.h"
+#include "test_station.h"
 
 #include <QDir>
 #include <QFile>
@@ -41,21 +38,15 @@ inline void Append(std::vector<Rec>& to, const std::vector<Rec>& more) {
 }
 
 // A job and a workstation over it; a table test makes one per row.
-class Job {
+class Job : public testkit::Station {
   public:
-    testkit::ProgramFolder folder;
-    testkit::ScriptedDialogs dialogs;
-    testkit::WiredWorkstation ws{folder.path(), &dialogs};
-    QString path = folder.file("DB_CUE/JOB.db");
+    QString path = job;
     QString report = folder.file("DB_CUE/AUTOTALLY.TXT");
     QDateTime clock{QDate(2026, 11, 1), QTime(5, 0, 0)};
     int secondsApart = 6;
     long packet = 1;
 
-    Job() {
-        QDir().mkpath(folder.file("DB_CUE"));
-        db::MakeBlankJob(path, db::kRecordTable);
-        ws.fm_Gas_Chart.txt_db_path.setText(path);
+    Job() : Station("JOB.db") {
         ws.fm_setup.txt_stats_filename.setText(report);
         ws.Now = [] { return QDateTime(QDate(2026, 11, 3), QTime(8, 0, 0)); };
     }

@@ -10,6 +10,7 @@
 
 #include <QElapsedTimer>
 #include <QSerialPort>
+#include <map>
 
 using forms::color::Green;
 using forms::color::Red;
@@ -116,28 +117,23 @@ TEST_F(Probe, TheButtonFollowsTheHealthCount) {
     ws.timer("tmr_Serial_WITS")->stop();
     ws.fm_WITS.ck_Use_Local_WITS.setChecked(true);
     ws.wits.WITS_port = 7;
-    struct Step {
-        int alive;
-        long color;
-        const char* caption;
-    };
-    const Step steps[] = {
-        {60, Green, "WITS CONNECTED ON SERIAL PORT: 7"},
-        {21, Green, "WITS CONNECTED ON SERIAL PORT: 7"},
-        {9, Green, "WITS CONNECTED ON SERIAL PORT: 7"},
-        {8, Yellow, "WITS MAYBE ON SERIAL PORT: 7"},
-        {5, Yellow, "WITS MAYBE ON SERIAL PORT: 7"},
-        {2, Red, "WITS USED TO BE ON SERIAL PORT: 7"},
-        {0, Red, "WITS USED TO BE ON SERIAL PORT: 7"},
-        {20, Red, "WITS USED TO BE ON SERIAL PORT: 7"},
-        {21, Green, "WITS CONNECTED ON SERIAL PORT: 7"},
-    };
-    for (const Step& s : steps) {
-        ws.wits.Gwits_alive = s.alive;
+    // The count after each tick, the button's colour and its words.
+    const std::map<long, QString> face = {{Green, "G"}, {Yellow, "Y"}, {Red, "R"}};
+    QStringList got;
+    for (int alive : {60, 21, 9, 8, 5, 2, 0, 20, 21}) {
+        ws.wits.Gwits_alive = alive;
         wits::tmr_Serial_WITS_Timer(ws);
-        EXPECT_EQ(button().backColor(), s.color) << s.alive;
-        EXPECT_EQ(button().caption(), s.caption) << s.alive;
+        got << QString("%1 %2 %3")
+                   .arg(alive)
+                   .arg(face.at(button().backColor()), button().caption());
     }
+    EXPECT_EQ(
+        got, QStringList(
+                 {"60 G WITS CONNECTED ON SERIAL PORT: 7", "21 G WITS CONNECTED ON SERIAL PORT: 7",
+                  "9 G WITS CONNECTED ON SERIAL PORT: 7", "8 Y WITS MAYBE ON SERIAL PORT: 7",
+                  "5 Y WITS MAYBE ON SERIAL PORT: 7", "2 R WITS USED TO BE ON SERIAL PORT: 7",
+                  "0 R WITS USED TO BE ON SERIAL PORT: 7", "20 R WITS USED TO BE ON SERIAL PORT: 7",
+                  "21 G WITS CONNECTED ON SERIAL PORT: 7"}));
     // The probe countdown runs down to 0 and stays there.
     ws.wits.WITS_probe_countdown = 2;
     for (int i = 0; i < 3; ++i) wits::tmr_Serial_WITS_Timer(ws);

@@ -59,20 +59,10 @@ TEST_F(Transmit, TheFrameHoldsLagDepthAndTheGasFieldsAsSentWithCrLf) {
                {O2, "20.9"},
                {H2S, " "}});
     wits::Send_Serial_WITS(ws);
-    EXPECT_EQ(ws.wits.WITS_out_frame, "&&\r\n"
-                                      "01394987.3\r\n"
-                                      "0140123.5\r\n"
-                                      "12121000.0\r\n"
-                                      "1213200.5\r\n"
-                                      "121430.0\r\n"
-                                      "12154.0\r\n"
-                                      "12165.0\r\n"
-                                      "12170.7\r\n"
-                                      "1218-7.0\r\n"
-                                      "12220.1\r\n"
-                                      "122520.9\r\n"
-                                      "1826 \r\n"
-                                      "!!\r\n");
+    // Each item a line, CR LF after each.
+    EXPECT_EQ(ws.wits.WITS_out_frame.split("\r\n").join('|'),
+              "&&|01394987.3|0140123.5|12121000.0|1213200.5|121430.0|12154.0|12165.0|12170.7|"
+              "1218-7.0|12220.1|122520.9|1826 |!!|");
     // Text that is no number goes out as it came; an empty field as nothing.
     setFields({{H2S, "n/a"}, {O2, ""}});
     wits::Send_Serial_WITS(ws);

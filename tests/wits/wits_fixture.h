@@ -3,8 +3,7 @@
 // file, for the WITS gateway's tests; frames built with the gateway's own
 // writer.
 
-#include "program_folder.h"
-#include "scripted_dialogs.h"
+#include "test_station.h"
 #include "wits/wits_file.h"
 #include "wits/wits_frame.h"
 #include "wits/wits_link.h"
@@ -15,23 +14,16 @@
 #include <gtest/gtest.h>
 #include <ostream>
 
-inline void PrintTo(const QString& s, std::ostream* os) {
-    *os << '"' << s.toStdString() << '"';
-}
 inline std::ostream& operator<<(std::ostream& os, const QString& s) {
     return os << s.toStdString();
 }
 
 namespace witstest {
 
-class WitsTest : public ::testing::Test {
+class WitsTest : public ::testing::Test, protected testkit::Station {
   protected:
-    testkit::ProgramFolder folder;
-    testkit::ScriptedDialogs dialogs;
-    testkit::WiredWorkstation ws{folder.path(), &dialogs};
-
     WitsTest() {
-        ws.Now = [] { return QDateTime(QDate(2024, 3, 5), QTime(14, 7, 9)); };
+        ws.Now = testkit::FixedNow;
         wits::LoadWitsFile(ws);
     }
     auto& slot(int i) { return ws.wits.Gwits_values[i]; }
