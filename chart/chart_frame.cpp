@@ -9,16 +9,6 @@
 
 namespace chart {
 
-namespace {
-
-// The first thousand records can't be the top of a page.
-constexpr int32_t kPageFloor = 1000;
-
-void RestartCountdown(Workstation& ws) {
-    ws.chart.Grefresh_count = ws.chart.Grefresh_seconds;
-}
-
-// Puts the floating controls above the canvas on screen with the picture.
 void Present(Workstation& ws) {
     auto& c = ws.chart;
     if (!c.graph) return;
@@ -27,7 +17,20 @@ void Present(Workstation& ws) {
     controls.labels[1] = &c.lbl_insert_txt;
     controls.lines = &c.ln_moveable;
     controls.divider = &c.line_div;
+    c.SelecterLine.Visible = ws.fm_Gas_Chart.ln_selecter.visible();
+    c.SelecterLine.BorderColor = ws.fm_Gas_Chart.ln_selecter.foreColor();
+    controls.selecter = &c.SelecterLine;
+    controls.pointerLabel = &c.lbl_float;
     c.graph->Present(controls);
+}
+
+namespace {
+
+// The first thousand records can't be the top of a page.
+constexpr int32_t kPageFloor = 1000;
+
+void RestartCountdown(Workstation& ws) {
+    ws.chart.Grefresh_count = ws.chart.Grefresh_seconds;
 }
 
 // Where the newest usable record is now: the end of the keyset.
@@ -88,7 +91,11 @@ void make_chart(Workstation& ws) {
 }
 
 void remove_select_tool(Workstation& ws) {
+    auto& c = ws.chart;
     ws.fm_Gas_Chart.ln_selecter.setVisible(false);
+    c.SelecterLine.Visible = false;
+    c.lbl_float.Visible = false;
+    c.SelectStartX = c.SelectStartY = c.SelectEndX = c.SelectEndY = -1;
 }
 
 void cmd_reset_view_Click(Workstation& ws) {

@@ -39,6 +39,11 @@ FmGasChart::FmGasChart() : Panel("fm_Gas_Chart", " Ombri Instruments Gas Chart")
     add(CK_Import_OMD, "CK_Import_OMD", "Import Bad OMD",
         "If the OMD data is bad this forces it to be imported anyway");
     add(ln_selecter, "ln_selecter").setVisible(false);
+
+    add(lbl_time_depth, "lbl_time_depth");
+    add(cmd_ins_text, "cmd_ins_text", "Insert Text");
+    add(cmd_del_txt_box, "cmd_del_txt_box", "Delete Text Box");
+    add(cmd_print, "cmd_print", "Print Chart");
 }
 
 } // namespace forms

@@ -45,6 +45,12 @@ struct FmGasChart : Panel {
     Control lbl_lock_Level;
     Control CK_Import_OMD;
     Control ln_selecter;
+    // Working on the chart: the read-out of the row under the pointer, text
+    // boxes on the chart, and printing it.
+    Control lbl_time_depth;
+    Control cmd_ins_text;
+    Control cmd_del_txt_box;
+    Control cmd_print;
     // Whether the window is minimized: the title takes its short form then.
     bool minimized = false;
 };

@@ -8,6 +8,7 @@
 #include "acquisition/viewer.h"
 #include "alarms/alarm_monitor.h"
 #include "chart/chart.h"
+#include "chart/interaction.h"
 #include "config/setup_handlers.h"
 #include "depth/lag.h"
 #include "forms/panel.h"
@@ -77,6 +78,10 @@ const Route kRoutes[] = {
     route(kMain, "cmd_zoom_in", On::Click, &chart::cmd_zoom_in_Click),
     route(kMain, "cmd_zoom_out", On::Click, &chart::cmd_zoom_out_Click),
     route(kMain, "cmd_reset_view", On::Click, &chart::cmd_reset_view_Click),
+
+    route(kMain, "cmd_ins_text", On::Click, &chart::cmd_ins_text_Click),
+    route(kMain, "cmd_del_txt_box", On::Click, &chart::cmd_del_txt_box_Click),
+    route(kMain, "cmd_print", On::Click, &chart::cmd_print_Click),
     // The job file.
     route(kMain, "cmd_new_db", On::Click, &acq::cmd_new_db_Click),
     route(kMain, "cmd_open_db", On::Click, &acq::cmd_open_db_Click),

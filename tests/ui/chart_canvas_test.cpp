@@ -1,0 +1,110 @@
+// The chart widget hands the mouse to the chart in twips of its canvas,
+// whatever the widget's size in pixels.
+#include "acquisition/startup.h"
+#include "operator.h"
+#include "raw_db.h"
+#include "test_station.h"
+#include "ui/chart_canvas.h"
+#include "ui/desktop.h"
+#include "ui/main_view.h"
+
+#include <QApplication>
+#include <QMouseEvent>
+
+namespace {
+
+// A job of 900 records, six seconds apart from 06:00, opened and drawn as
+// the program starts.
+struct ChartStation : testkit::Station {
+    ui::Desktop desktop;
+    bool loaded = false;
+
+    ChartStation() : testkit::Station("V11_DEMO.DB") {
+        testkit::RawDb raw(job);
+        raw.exec("WITH RECURSIVE k(n) AS (SELECT 1 UNION ALL SELECT n + 1 FROM k WHERE n < 900) "
+                 "INSERT INTO OMBRI_DB_010 (ID, PACKET_NUM, SERIAL_NUM, DATE_TXT, TIME_TXT, DT, "
+                 "DEPTH, DEPTH_RAW, GAS_UNITS, ERR_TXT) SELECT n, n, 'KW1042', '11/02/2026', "
+                 "strftime('%H:%M:%S', '2026-11-02 06:00:00', '+' || (n * 6) || ' seconds'), "
+                 "datetime('2026-11-02 06:00:00', '+' || (n * 6) || ' seconds'), "
+                 "1000 + n / 10, 1000 + n / 10, 10 + n % 7, '0' FROM k");
+        desktop.attach(ws);
+        loaded = acq::Form_Load(ws);
+    }
+    ui::ChartCanvas* canvas() const { return desktop.main()->canvas(); }
+};
+
+void doubleClick(QWidget* w, QPoint at) {
+    QMouseEvent down(QEvent::MouseButtonPress, at, w->mapToGlobal(at), Qt::LeftButton,
+                     Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(w, &down);
+    QMouseEvent up(QEvent::MouseButtonRelease, at, w->mapToGlobal(at), Qt::LeftButton, Qt::NoButton,
+                   Qt::NoModifier);
+    QApplication::sendEvent(w, &up);
+    QMouseEvent twice(QEvent::MouseButtonDblClick, at, w->mapToGlobal(at), Qt::LeftButton,
+                      Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(w, &twice);
+    QApplication::sendEvent(w, &up);
+}
+
+TEST(ChartCanvas, TwoDoubleClicksOnTheWidgetChooseRowsAtAnyWidgetSize) {
+    ChartStation st;
+    ASSERT_TRUE(st.loaded);
+    st.desktop.showMain();
+    auto* view = st.canvas();
+    auto& c = st.ws.chart;
+    ASSERT_GT(c.RowsDrawn, 0);
+    const double heightTwips = c.graph->Height();
+    const double widthTwips = c.graph->Width();
+    // The rows that hold a record.
+    int top = -1, bottom = -1;
+    for (int y = 0; y < chart::kRowSlots; ++y)
+        if (c.RowRecordId[y] != 0) {
+            if (top < 0) top = y;
+            bottom = y;
+        }
+    ASSERT_GT(bottom - top, 600);
+
+    // The picture keeps its pixel size while the widget takes others: the
+    // chart's own image stands at 1000 x 700 until the next draw.
+    for (const QSize size : {QSize(1000, 700), QSize(500, 700), QSize(1500, 350)}) {
+        SCOPED_TRACE(testing::Message() << size.width() << "x" << size.height());
+        view->resize(size);
+        const double xScale = size.width() / widthTwips;
+        const double yScale = size.height() / heightTwips;
+        const QPointF first(c.PlotLeft + 1500, top + 100.0);
+        const QPointF second(c.PlotLeft + 2500, bottom - 100.0);
+        const QPoint p1(int(first.x() * xScale), int(first.y() * yScale));
+        const QPoint p2(int(second.x() * xScale), int(second.y() * yScale));
+        // A pixel of the widget is this many twips.
+        const double slack = 1.0 / yScale + 1;
+
+        uitest::key(view, Qt::Key_Escape);
+        EXPECT_EQ(c.SelectStartY, -1);
+        doubleClick(view, p1);
+        EXPECT_NEAR(c.SelectStartY, first.y(), slack);
+        EXPECT_NEAR(c.SelectStartX, first.x(), 1.0 / xScale + 1);
+        EXPECT_TRUE(st.ws.fm_Gas_Chart.ln_selecter.visible());
+        EXPECT_FALSE(st.ws.fm_Gas_Chart.sel_type.visible());
+        doubleClick(view, p2);
+        EXPECT_NEAR(c.SelectEndY, second.y(), slack);
+        EXPECT_TRUE(st.ws.fm_Gas_Chart.sel_type.visible());
+        EXPECT_GT(c.RowRecordId[c.SelectStartY], c.RowRecordId[c.SelectEndY]);
+    }
+
+    // The cursor over the position bar is the up and down arrow.
+    QMouseEvent move(QEvent::MouseMove, QPointF(3, 100), view->mapToGlobal(QPointF(3, 100)),
+                     Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+    QApplication::sendEvent(view, &move);
+    EXPECT_EQ(view->cursor().shape(), Qt::SizeVerCursor);
+    // Escape on the widget clears the selection.
+    uitest::key(view, Qt::Key_Escape);
+    EXPECT_EQ(c.SelectStartY, -1);
+    EXPECT_FALSE(st.ws.fm_Gas_Chart.sel_type.visible());
+    // A right release on the plot shows the control box again.
+    uitest::release(view, Qt::LeftButton, {700, 300});
+    EXPECT_FALSE(st.ws.fm_Gas_Chart.Frame6.visible());
+    uitest::release(view, Qt::RightButton, {700, 300});
+    EXPECT_TRUE(st.ws.fm_Gas_Chart.Frame6.visible());
+}
+
+} // namespace
