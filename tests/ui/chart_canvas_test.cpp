@@ -1,6 +1,7 @@
 // The chart widget hands the mouse to the chart in twips of its canvas,
 // whatever the widget's size in pixels.
 #include "acquisition/startup.h"
+#include "chart/chart.h"
 #include "operator.h"
 #include "raw_db.h"
 #include "test_station.h"
@@ -10,6 +11,7 @@
 
 #include <QApplication>
 #include <QMouseEvent>
+#include <gtest/gtest.h>
 
 namespace {
 
@@ -21,14 +23,21 @@ struct ChartStation : testkit::Station {
 
     ChartStation() : testkit::Station("V11_DEMO.DB") {
         testkit::RawDb raw(job);
-        raw.exec("WITH RECURSIVE k(n) AS (SELECT 1 UNION ALL SELECT n + 1 FROM k WHERE n < 900) "
-                 "INSERT INTO OMBRI_DB_010 (ID, PACKET_NUM, SERIAL_NUM, DATE_TXT, TIME_TXT, DT, "
-                 "DEPTH, DEPTH_RAW, GAS_UNITS, ERR_TXT) SELECT n, n, 'KW1042', '11/02/2026', "
-                 "strftime('%H:%M:%S', '2026-11-02 06:00:00', '+' || (n * 6) || ' seconds'), "
-                 "datetime('2026-11-02 06:00:00', '+' || (n * 6) || ' seconds'), "
-                 "1000 + n / 10, 1000 + n / 10, 10 + n % 7, '0' FROM k");
+        raw.exec(
+            "WITH RECURSIVE k(n) AS (SELECT 1 UNION ALL SELECT n + 1 FROM k WHERE n < 900) "
+            "INSERT INTO OMBRI_DB_010 (ID, PACKET_NUM, SERIAL_NUM, DATE_TXT, TIME_TXT, DT, "
+            "DEPTH, DEPTH_RAW, GAS_UNITS, ERR_TXT, C1, C2, C3, IC4, NC4, CGTESTNUM, TOTAL_SPM, "
+            "BIT_DEPTH, H2S, O2, CO2, EXT_AMPS, VOLTS, CHROM_VAC, TEMP, SAMPLEVAC, LPH, CGV) "
+            "SELECT n, n, 'KW1042', '11/02/2026', "
+            "strftime('%H:%M:%S', '2026-11-02 06:00:00', '+' || (n * 6) || ' seconds'), "
+            "datetime('2026-11-02 06:00:00', '+' || (n * 6) || ' seconds'), "
+            "1000 + n / 10, 1000 + n / 10, 10 + n % 7, '0', 1, 0, 0, 0, 0, 1, 100, 1000, 0, 20.9, "
+            "0.5, 1, 13.5, 500, 40, 50, 60, 0 FROM k");
         desktop.attach(ws);
         loaded = acq::Form_Load(ws);
+        // The first draw waits for the first press of Reset View.
+        chart::cmd_reset_view_Click(ws);
+        chart::cmd_reset_view_Click(ws);
     }
     ui::ChartCanvas* canvas() const { return desktop.main()->canvas(); }
 };
@@ -52,7 +61,7 @@ TEST(ChartCanvas, TwoDoubleClicksOnTheWidgetChooseRowsAtAnyWidgetSize) {
     st.desktop.showMain();
     auto* view = st.canvas();
     auto& c = st.ws.chart;
-    ASSERT_GT(c.RowsDrawn, 0);
+    ASSERT_GT(c.RowsDrawn, 0) << st.messages().join(" | ").toStdString();
     const double heightTwips = c.graph->Height();
     const double widthTwips = c.graph->Width();
     // The rows that hold a record.
