@@ -11,6 +11,7 @@
 
 #include <QApplication>
 #include <QMouseEvent>
+#include <QPushButton>
 #include <gtest/gtest.h>
 
 namespace {
@@ -114,6 +115,31 @@ TEST(ChartCanvas, TwoDoubleClicksOnTheWidgetChooseRowsAtAnyWidgetSize) {
     EXPECT_FALSE(st.ws.fm_Gas_Chart.Frame6.visible());
     uitest::release(view, Qt::RightButton, {700, 300});
     EXPECT_TRUE(st.ws.fm_Gas_Chart.Frame6.visible());
+
+    // A text box from the button, dropped by a release on the chart, goes
+    // into the record under it.
+    view->resize(1000, 700);
+    st.ws.fm_Gas_Chart.txt_message.setText("Trip gas");
+    auto* insert = st.desktop.main()->findChild<QPushButton*>("cmd_ins_text");
+    ASSERT_NE(insert, nullptr);
+    insert->click();
+    const double yScale = 700 / heightTwips;
+    const QPoint drop(int((c.PlotLeft + 1200) * 1000 / widthTwips), int((top + 300) * yScale));
+    const int32_t id = c.RowRecordId[int(drop.y() / yScale)];
+    uitest::release(view, Qt::LeftButton, drop);
+    testkit::RawDb raw(st.job, testkit::RawDb::Access::ReadOnly);
+    // One record holds the words: the one under the drop (to a pixel).
+    EXPECT_EQ(raw.number("SELECT count(*) FROM OMBRI_DB_010 WHERE GAS_TEXT LIKE '% ^Trip gas'"), 1);
+    EXPECT_NEAR(raw.number("SELECT ID FROM OMBRI_DB_010 WHERE GAS_TEXT LIKE '% ^Trip gas'"), id, 1);
+    doubleClick(view,
+                QPoint(int((c.PlotLeft + 1500) * 1000 / widthTwips), int((top + 100) * yScale)));
+    const QPoint far(int((c.PlotLeft + 3000) * 1000 / widthTwips), int((bottom - 100) * yScale));
+    QMouseEvent toFar(QEvent::MouseMove, far, view->mapToGlobal(far), Qt::NoButton, Qt::NoButton,
+                      Qt::NoModifier);
+    QApplication::sendEvent(view, &toFar);
+    EXPECT_TRUE(c.lbl_float.Visible);
+    if (qEnvironmentVariableIsSet("GASCHART_SHOT"))
+        st.desktop.main()->grab().save(qEnvironmentVariable("GASCHART_SHOT"));
 }
 
 } // namespace
