@@ -162,6 +162,10 @@ struct ChartState {
     double PointerY = 0;
     int32_t DragStartId = 0;
 
+    // Where ln_selecter stands (canvas twips). The geolograph edits take
+    // their row from Y1 and run only while the line is level (Y1 = Y2).
+    double ln_selecter_X1 = 0, ln_selecter_Y1 = 0, ln_selecter_X2 = 0, ln_selecter_Y2 = 0;
+
     // Controls floating above the canvas; index 0 of each array is unused.
     std::vector<station::FloatingLabel> lbl_timedate;
     std::vector<station::FloatingLabel> lbl_insert_txt;
