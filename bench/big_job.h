@@ -10,11 +10,15 @@
 #include "tools/common/drilling_model.h"
 
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
 #include <QProcess>
+#include <QTimer>
+#include <algorithm>
 #include <benchmark/benchmark.h>
 #include <cstdio>
+#include <functional>
 #include <sys/resource.h>
 
 namespace bigjob {
@@ -124,6 +128,24 @@ inline void Floor(benchmark::State& state, const QString& sql) {
             state.SkipWithError("the sqlite3 tool failed");
     }
     state.counters["tool_cpu_ms"] = (ChildCpuSeconds() - cpu) * 1000 / double(state.iterations());
+}
+
+// Runs `job` with a 10 ms timer on the event loop: the longest wait in ms
+// between two of its ticks (or the start or end of the job), which is how
+// long the screen could have stood still.
+inline double LongestLoopGap(const std::function<void()>& job) {
+    QElapsedTimer since;
+    QTimer tick;
+    tick.setInterval(10);
+    double gap = 0;
+    QObject::connect(&tick, &QTimer::timeout, [&] {
+        gap = std::max(gap, double(since.nsecsElapsed()) / 1e6);
+        since.restart();
+    });
+    tick.start();
+    since.start();
+    job();
+    return std::max(gap, double(since.nsecsElapsed()) / 1e6);
 }
 
 } // namespace bigjob

@@ -5,6 +5,7 @@
 #include "store/lifecycle.h"
 #include "text/numbers.h"
 #include "workstation/image_canvas.h"
+#include "workstation/select_tool.h"
 #include "workstation/workstation.h"
 
 namespace chart {
@@ -17,9 +18,14 @@ void Present(Workstation& ws) {
     controls.labels[1] = &c.lbl_insert_txt;
     controls.lines = &c.ln_moveable;
     controls.divider = &c.line_div;
-    c.SelecterLine.Visible = ws.fm_Gas_Chart.ln_selecter.visible();
-    c.SelecterLine.BorderColor = ws.fm_Gas_Chart.ln_selecter.foreColor();
-    controls.selecter = &c.SelecterLine;
+    station::LineControl selecter;
+    selecter.X1 = c.ln_selecter_X1;
+    selecter.Y1 = c.ln_selecter_Y1;
+    selecter.X2 = c.ln_selecter_X2;
+    selecter.Y2 = c.ln_selecter_Y2;
+    selecter.Visible = ws.fm_Gas_Chart.ln_selecter.visible();
+    selecter.BorderColor = ws.fm_Gas_Chart.ln_selecter.foreColor();
+    controls.selecter = &selecter;
     controls.pointerLabel = &c.lbl_float;
     c.graph->Present(controls);
 }
@@ -91,11 +97,8 @@ void make_chart(Workstation& ws) {
 }
 
 void remove_select_tool(Workstation& ws) {
-    auto& c = ws.chart;
-    ws.fm_Gas_Chart.ln_selecter.setVisible(false);
-    c.SelecterLine.Visible = false;
-    c.lbl_float.Visible = false;
-    c.SelectStartX = c.SelectStartY = c.SelectEndX = c.SelectEndY = -1;
+    station::ClearSelection(ws);
+    ws.chart.lbl_float.Visible = false;
 }
 
 void cmd_reset_view_Click(Workstation& ws) {

@@ -38,17 +38,15 @@ bool InTickBand(const ChartState& c, double X) {
 }
 
 void ShowSelecter(Workstation& ws, double x1, double y1, double x2, double y2) {
-    auto& l = ws.chart.SelecterLine;
-    l.X1 = x1;
-    l.Y1 = y1;
-    l.X2 = x2;
-    l.Y2 = y2;
-    l.Visible = true;
+    auto& c = ws.chart;
+    c.ln_selecter_X1 = x1;
+    c.ln_selecter_Y1 = y1;
+    c.ln_selecter_X2 = x2;
+    c.ln_selecter_Y2 = y2;
     ws.fm_Gas_Chart.ln_selecter.setVisible(true);
 }
 
 void HideSelecter(Workstation& ws) {
-    ws.chart.SelecterLine.Visible = false;
     ws.fm_Gas_Chart.ln_selecter.setVisible(false);
 }
 

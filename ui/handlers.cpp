@@ -10,12 +10,14 @@
 #include "chart/chart.h"
 #include "chart/interaction.h"
 #include "config/setup_handlers.h"
+#include "depth/geo_edit.h"
 #include "depth/lag.h"
 #include "forms/panel.h"
 #include "products/autogen.h"
 #include "products/omd.h"
 #include "stats/statistics.h"
 #include "store/lifecycle.h"
+#include "store/range_delete.h"
 #include "wits/wits_link.h"
 #include "workstation/workstation.h"
 
@@ -163,6 +165,20 @@ const Route kRoutes[] = {
     route(kViewer, "text_window", &acq::text_window_KeyPress),
     route(kViewer, "lbl_open_errors", On::Click, &acq::lbl_open_errors_Click),
     route(kViewer, "lbl_help", On::Click, &acq::lbl_help_Click),
+    // The Geolograph Edit Box, the Select Items Box and the place holders.
+    route(kMain, "cmd_add_foot_tick", On::Click, &depth::cmd_add_foot_tick_Click),
+    route(kMain, "cmd_rem_foot_tick", On::Click, &depth::cmd_rem_foot_tick_Click),
+    route(kMain, "op_renum", On::Click, &depth::op_renum_Click),
+    route(kMain, "cmd_renum_geo", On::Click, &depth::cmd_renum_geo_Click),
+    route(kMain, "cmd_insert_ft", On::Click, &depth::cmd_insert_ft_Click),
+    route(kMain, "cmd_del_sel_ticks", On::Click, &depth::cmd_del_sel_ticks_Click),
+    route(kMain, "cmd_restore_geo", On::Click, &depth::cmd_restore_geo_Click),
+    route(kMain, "cmd_restore_all_geo", On::Click, &depth::cmd_restore_all_geo_Click),
+    route(kMain, "cmd_Mark_GU", On::Click, &depth::cmd_Mark_GU_Click),
+    route(kMain, "cmd_cancel_geo", On::Click, &depth::cmd_cancel_geo_Click),
+    route(kMain, "cmd_cancel_sel", On::Click, &depth::cmd_cancel_sel_Click),
+    route(kMain, "cmd_del_from_db", On::Click, &store::cmd_del_from_db_Click),
+    route(kSetup, "cmd_Add_Missing_Packets", On::Click, &depth::cmd_Add_Missing_Packets_Click),
 };
 
 template <class F> std::function<void()> call(Workstation& ws, F f) {

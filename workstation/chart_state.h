@@ -162,20 +162,22 @@ struct ChartState {
     double PointerY = 0;
     int32_t DragStartId = 0;
 
+    // Where ln_selecter stands (canvas twips). The geolograph edits take
+    // their row from Y1 and run only while the line is level (Y1 = Y2).
+    double ln_selecter_X1 = 0, ln_selecter_Y1 = 0, ln_selecter_X2 = 0, ln_selecter_Y2 = 0;
+
     // Controls floating above the canvas; index 0 of each array is unused.
     std::vector<station::FloatingLabel> lbl_timedate;
     std::vector<station::FloatingLabel> lbl_insert_txt;
     std::vector<station::LineControl> ln_moveable;
     station::LineControl line_div;
 
-    // The mouse on the canvas. Where ln_selecter stands (the control keeps
-    // whether it shows, and its colour); the floating read-out; the cursor
+    // The mouse on the canvas: the floating read-out; the cursor
     // over the canvas (0 the default, 7 the up and down arrow); the last row
     // that held a record; the buttons held since the last press; a chart
     // drag under way and where it last was; the text box being placed and
     // the one chosen for a change (0 none); where the boxes sel_type and
     // Geo_edit open over the canvas.
-    station::LineControl SelecterLine;
     station::FloatingLabel lbl_float{1, 1, false, QStringLiteral("PTR TME LBL"), {}, 0, 8};
     int MousePointer = 0;
     int LastGoodY = 0;

@@ -152,8 +152,8 @@ TEST_F(InteractionTest, TwoDoubleClicksChooseAStretchAndRefuseEmptyRows) {
     const int from = c.RowRecordId[top + 50];
     graph_MouseMove(ws, 0, 0, right() + 500, bottom - 50.0);
     const int to = c.RowRecordId[bottom - 60];
-    EXPECT_EQ(c.SelecterLine.X2, right() + 500);
-    EXPECT_EQ(c.SelecterLine.Y1, top + 50);
+    EXPECT_EQ(c.ln_selecter_X2, right() + 500);
+    EXPECT_EQ(c.ln_selecter_Y1, top + 50);
     const int seconds = (from - to) * 6;
     EXPECT_EQ(c.lbl_float.Caption, QTime(0, 0).addSecs(seconds).toString("HH:mm:ss"));
 
@@ -259,8 +259,8 @@ TEST_F(InteractionTest, PositionBarJumpsByThePlaceOfTheRelease) {
     EXPECT_TRUE(ws.fm_Gas_Chart.Geo_edit.visible());
     EXPECT_FALSE(ws.fm_Gas_Chart.Frame6.visible());
     EXPECT_TRUE(ws.fm_Gas_Chart.ln_selecter.visible());
-    EXPECT_EQ(c.SelecterLine.Y1, c.SelecterLine.Y2);
-    EXPECT_NE(c.RowRecordId[int(c.SelecterLine.Y1)], 0);
+    EXPECT_EQ(c.ln_selecter_Y1, c.ln_selecter_Y2);
+    EXPECT_NE(c.RowRecordId[int(c.ln_selecter_Y1)], 0);
 }
 
 TEST_F(InteractionTest, TextBoxesAreKeptOneToARecordInTheJobFile) {

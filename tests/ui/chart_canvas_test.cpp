@@ -142,4 +142,44 @@ TEST(ChartCanvas, TwoDoubleClicksOnTheWidgetChooseRowsAtAnyWidgetSize) {
         st.desktop.main()->grab().save(qEnvironmentVariable("GASCHART_SHOT"));
 }
 
+TEST(ChartCanvas, TwoDoubleClicksThenDeleteAndYesTakeTheStretchOutOfTheFile) {
+    ChartStation st;
+    ASSERT_TRUE(st.loaded);
+    st.desktop.showMain();
+    auto* view = st.canvas();
+    view->resize(1000, 700);
+    auto& c = st.ws.chart;
+    int top = -1, bottom = -1;
+    for (int y = 0; y < chart::kRowSlots; ++y)
+        if (c.RowRecordId[y] != 0) {
+            if (top < 0) top = y;
+            bottom = y;
+        }
+    ASSERT_GT(bottom - top, 600);
+    const double xScale = 1000 / c.graph->Width(), yScale = 700 / c.graph->Height();
+    const auto at = [&](double x, double y) { return QPoint(int(x * xScale), int(y * yScale)); };
+    doubleClick(view, at(c.PlotLeft + 1500, top + 200));
+    doubleClick(view, at(c.PlotLeft + 1500, top + 500));
+    ASSERT_TRUE(st.ws.fm_Gas_Chart.sel_type.visible());
+    const int32_t newer = c.RowRecordId[c.SelectStartY];
+    const int32_t older = c.RowRecordId[c.SelectEndY];
+    ASSERT_GT(newer, older);
+
+    st.dialogs.answers.push_back(platform::Answer::Yes);
+    auto* del = st.desktop.main()->findChild<QPushButton*>("cmd_del_from_db");
+    ASSERT_NE(del, nullptr);
+    del->click();
+
+    testkit::RawDb raw(st.job, testkit::RawDb::Access::ReadOnly);
+    const QString between = QString("SELECT count(*) FROM OMBRI_DB_010 WHERE ID BETWEEN %1 AND %2")
+                                .arg(older)
+                                .arg(newer);
+    EXPECT_EQ(raw.number(between), 0);
+    // The rest of the job stays.
+    EXPECT_GT(raw.rows(), 900 - (newer - older + 1) - 3);
+    EXPECT_EQ(
+        raw.number("SELECT count(*) FROM OMBRI_DB_010 WHERE ID < " + QString::number(older - 1)),
+        older - 2);
+}
+
 } // namespace
