@@ -15,8 +15,10 @@
 #include <QFileInfo>
 #include <QProcess>
 #include <QTimer>
+#include <algorithm>
 #include <benchmark/benchmark.h>
 #include <cstdio>
+#include <functional>
 #include <sys/resource.h>
 
 namespace bigjob {
@@ -154,5 +156,12 @@ class LoopWatch {
     QElapsedTimer since_;
     double longest_ = 0;
 };
+
+// Runs `job` under a loop watch: its longest gap in milliseconds.
+inline double LongestLoopGap(const std::function<void()>& job) {
+    LoopWatch watch;
+    job();
+    return watch.longest();
+}
 
 } // namespace bigjob

@@ -15,6 +15,10 @@ void SetChartDefaults(Workstation& ws);
 // The geometry of the canvas for the state of ck_rop.
 void SetGeometry(Workstation& ws);
 
+// The picture with the controls above it (labels, lines, the selection
+// line and its read-out) put on screen again.
+void Present(Workstation& ws);
+
 // A chart selection is put away (hidden) before the view moves.
 void remove_select_tool(Workstation& ws);
 

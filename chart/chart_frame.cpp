@@ -5,20 +5,11 @@
 #include "store/lifecycle.h"
 #include "text/numbers.h"
 #include "workstation/image_canvas.h"
+#include "workstation/select_tool.h"
 #include "workstation/workstation.h"
 
 namespace chart {
 
-namespace {
-
-// The first thousand records can't be the top of a page.
-constexpr int32_t kPageFloor = 1000;
-
-void RestartCountdown(Workstation& ws) {
-    ws.chart.Grefresh_count = ws.chart.Grefresh_seconds;
-}
-
-// Puts the floating controls above the canvas on screen with the picture.
 void Present(Workstation& ws) {
     auto& c = ws.chart;
     if (!c.graph) return;
@@ -27,7 +18,25 @@ void Present(Workstation& ws) {
     controls.labels[1] = &c.lbl_insert_txt;
     controls.lines = &c.ln_moveable;
     controls.divider = &c.line_div;
+    station::LineControl selecter;
+    selecter.X1 = c.ln_selecter_X1;
+    selecter.Y1 = c.ln_selecter_Y1;
+    selecter.X2 = c.ln_selecter_X2;
+    selecter.Y2 = c.ln_selecter_Y2;
+    selecter.Visible = ws.fm_Gas_Chart.ln_selecter.visible();
+    selecter.BorderColor = ws.fm_Gas_Chart.ln_selecter.foreColor();
+    controls.selecter = &selecter;
+    controls.pointerLabel = &c.lbl_float;
     c.graph->Present(controls);
+}
+
+namespace {
+
+// The first thousand records can't be the top of a page.
+constexpr int32_t kPageFloor = 1000;
+
+void RestartCountdown(Workstation& ws) {
+    ws.chart.Grefresh_count = ws.chart.Grefresh_seconds;
 }
 
 // Where the newest usable record is now: the end of the keyset.
@@ -88,7 +97,8 @@ void make_chart(Workstation& ws) {
 }
 
 void remove_select_tool(Workstation& ws) {
-    ws.fm_Gas_Chart.ln_selecter.setVisible(false);
+    station::ClearSelection(ws);
+    ws.chart.lbl_float.Visible = false;
 }
 
 void cmd_reset_view_Click(Workstation& ws) {

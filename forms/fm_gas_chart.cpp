@@ -39,6 +39,35 @@ FmGasChart::FmGasChart() : Panel("fm_Gas_Chart", " Ombri Instruments Gas Chart")
     add(CK_Import_OMD, "CK_Import_OMD", "Import Bad OMD",
         "If the OMD data is bad this forces it to be imported anyway");
     add(ln_selecter, "ln_selecter").setVisible(false);
+
+    add(lbl_time_depth, "lbl_time_depth");
+    add(cmd_ins_text, "cmd_ins_text", "Insert Text");
+    add(cmd_del_txt_box, "cmd_del_txt_box", "Delete Text Box");
+    add(cmd_print, "cmd_print", "Print Chart");
+
+    // The commands of the Geolograph Edit Box and the Select Items Box.
+    addArray(cmd_add_foot_tick, "cmd_add_foot_tick");
+    cmd_add_foot_tick[0].setCaption("Add Depth Tick Mark");
+    cmd_add_foot_tick[1].setCaption("Insert Renumbering Stop");
+    addArray(cmd_rem_foot_tick, "cmd_rem_foot_tick");
+    cmd_rem_foot_tick[0].setCaption("Delete Depth Tick Mark");
+    cmd_rem_foot_tick[1].setCaption("Remove Renumbering Stop");
+    add(cmd_renum_geo, "cmd_renum_geo", "Renumber Geolograph Start");
+    // Option 0 and 1 of the group: "Renumber Going Up Hole", "Renumber
+    // Going Down Hole".
+    add(op_renum, "op_renum", "Renumber Going Up Hole");
+    add(ck_renum_st_at, "ck_renum_st_at", "Start At");
+    add(txt_renum_start, "txt_renum_start");
+    add(cmd_insert_ft, "cmd_insert_ft", "Add Ft. Between Changes");
+    add(cmd_del_sel_ticks, "cmd_del_sel_ticks", "Delete Selected Geolograph Ticks");
+    add(cmd_restore_geo, "cmd_restore_geo", "Restore Selected Geolograph Data");
+    add(cmd_restore_all_geo, "cmd_restore_all_geo", "Restore All Geolograph Data");
+    addArray(cmd_Mark_GU, "cmd_Mark_GU");
+    cmd_Mark_GU[0].setCaption("Mark As Good Gas Units");
+    cmd_Mark_GU[1].setCaption("Mark As Bad Gas Units");
+    add(cmd_cancel_geo, "cmd_cancel_geo", "Cancel");
+    add(cmd_cancel_sel, "cmd_cancel_sel", "Cancel");
+    add(cmd_del_from_db, "cmd_del_from_db", "Delete Selected Data");
 }
 
 } // namespace forms

@@ -45,6 +45,27 @@ struct FmGasChart : Panel {
     Control lbl_lock_Level;
     Control CK_Import_OMD;
     Control ln_selecter;
+    // Working on the chart: the read-out of the row under the pointer, text
+    // boxes on the chart, and printing it.
+    Control lbl_time_depth;
+    Control cmd_ins_text;
+    Control cmd_del_txt_box;
+    Control cmd_print;
+    // The commands of the Geolograph Edit Box and the Select Items Box.
+    std::array<Control, 2> cmd_add_foot_tick;
+    std::array<Control, 2> cmd_rem_foot_tick;
+    Control cmd_renum_geo;
+    Control op_renum;
+    Control ck_renum_st_at;
+    Control txt_renum_start;
+    Control cmd_insert_ft;
+    Control cmd_del_sel_ticks;
+    Control cmd_restore_geo;
+    Control cmd_restore_all_geo;
+    std::array<Control, 2> cmd_Mark_GU;
+    Control cmd_cancel_geo;
+    Control cmd_cancel_sel;
+    Control cmd_del_from_db;
     // Whether the window is minimized: the title takes its short form then.
     bool minimized = false;
 };

@@ -8,13 +8,16 @@
 #include "acquisition/viewer.h"
 #include "alarms/alarm_monitor.h"
 #include "chart/chart.h"
+#include "chart/interaction.h"
 #include "config/setup_handlers.h"
+#include "depth/geo_edit.h"
 #include "depth/lag.h"
 #include "forms/panel.h"
 #include "products/autogen.h"
 #include "products/omd.h"
 #include "stats/statistics.h"
 #include "store/lifecycle.h"
+#include "store/range_delete.h"
 #include "wits/wits_link.h"
 #include "workstation/workstation.h"
 
@@ -77,6 +80,10 @@ const Route kRoutes[] = {
     route(kMain, "cmd_zoom_in", On::Click, &chart::cmd_zoom_in_Click),
     route(kMain, "cmd_zoom_out", On::Click, &chart::cmd_zoom_out_Click),
     route(kMain, "cmd_reset_view", On::Click, &chart::cmd_reset_view_Click),
+
+    route(kMain, "cmd_ins_text", On::Click, &chart::cmd_ins_text_Click),
+    route(kMain, "cmd_del_txt_box", On::Click, &chart::cmd_del_txt_box_Click),
+    route(kMain, "cmd_print", On::Click, &chart::cmd_print_Click),
     // The job file.
     route(kMain, "cmd_new_db", On::Click, &acq::cmd_new_db_Click),
     route(kMain, "cmd_open_db", On::Click, &acq::cmd_open_db_Click),
@@ -158,6 +165,20 @@ const Route kRoutes[] = {
     route(kViewer, "text_window", &acq::text_window_KeyPress),
     route(kViewer, "lbl_open_errors", On::Click, &acq::lbl_open_errors_Click),
     route(kViewer, "lbl_help", On::Click, &acq::lbl_help_Click),
+    // The Geolograph Edit Box, the Select Items Box and the place holders.
+    route(kMain, "cmd_add_foot_tick", On::Click, &depth::cmd_add_foot_tick_Click),
+    route(kMain, "cmd_rem_foot_tick", On::Click, &depth::cmd_rem_foot_tick_Click),
+    route(kMain, "op_renum", On::Click, &depth::op_renum_Click),
+    route(kMain, "cmd_renum_geo", On::Click, &depth::cmd_renum_geo_Click),
+    route(kMain, "cmd_insert_ft", On::Click, &depth::cmd_insert_ft_Click),
+    route(kMain, "cmd_del_sel_ticks", On::Click, &depth::cmd_del_sel_ticks_Click),
+    route(kMain, "cmd_restore_geo", On::Click, &depth::cmd_restore_geo_Click),
+    route(kMain, "cmd_restore_all_geo", On::Click, &depth::cmd_restore_all_geo_Click),
+    route(kMain, "cmd_Mark_GU", On::Click, &depth::cmd_Mark_GU_Click),
+    route(kMain, "cmd_cancel_geo", On::Click, &depth::cmd_cancel_geo_Click),
+    route(kMain, "cmd_cancel_sel", On::Click, &depth::cmd_cancel_sel_Click),
+    route(kMain, "cmd_del_from_db", On::Click, &store::cmd_del_from_db_Click),
+    route(kSetup, "cmd_Add_Missing_Packets", On::Click, &depth::cmd_Add_Missing_Packets_Click),
 };
 
 template <class F> std::function<void()> call(Workstation& ws, F f) {

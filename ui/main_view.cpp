@@ -83,6 +83,7 @@ MainView::MainView(Workstation& ws) : ws_(ws) {
     auto* row = new QHBoxLayout(central);
     row->setContentsMargins(6, 6, 6, 6);
     canvas_ = new ChartCanvas(central);
+    canvas_->attach(ws);
     row->addWidget(canvas_, 1);
     attachCanvas();
     row->addWidget(buildControlBox(), 0);

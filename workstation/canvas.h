@@ -40,6 +40,10 @@ struct CanvasControls {
     const std::vector<FloatingLabel>* labels[2] = {nullptr, nullptr};
     const std::vector<LineControl>* lines = nullptr;
     const LineControl* divider = nullptr;
+    // What the mouse puts over the chart: the selection line and its
+    // read-out.
+    const LineControl* selecter = nullptr;
+    const FloatingLabel* pointerLabel = nullptr;
 };
 
 class Canvas {

@@ -162,11 +162,32 @@ struct ChartState {
     double PointerY = 0;
     int32_t DragStartId = 0;
 
+    // Where ln_selecter stands (canvas twips). The geolograph edits take
+    // their row from Y1 and run only while the line is level (Y1 = Y2).
+    double ln_selecter_X1 = 0, ln_selecter_Y1 = 0, ln_selecter_X2 = 0, ln_selecter_Y2 = 0;
+
     // Controls floating above the canvas; index 0 of each array is unused.
     std::vector<station::FloatingLabel> lbl_timedate;
     std::vector<station::FloatingLabel> lbl_insert_txt;
     std::vector<station::LineControl> ln_moveable;
     station::LineControl line_div;
+
+    // The mouse on the canvas: the floating read-out; the cursor
+    // over the canvas (0 the default, 7 the up and down arrow); the last row
+    // that held a record; the buttons held since the last press; a chart
+    // drag under way and where it last was; the text box being placed and
+    // the one chosen for a change (0 none); where the boxes sel_type and
+    // Geo_edit open over the canvas.
+    station::FloatingLabel lbl_float{1, 1, false, QStringLiteral("PTR TME LBL"), {}, 0, 8};
+    int MousePointer = 0;
+    int LastGoodY = 0;
+    int ButtonsHeld = 0;
+    bool Dragging = false;
+    double DragLastY = 0;
+    int PlacingTextBox = 0;
+    int ChosenTextBox = 0;
+    double SelTypeLeft = 0, SelTypeTop = 0;
+    double GeoEditLeft = 0, GeoEditTop = 0;
 
     // The canvas graph. The program puts an image canvas here, a test a
     // recording one; none means the chart is not drawn.

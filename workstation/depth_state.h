@@ -68,6 +68,9 @@ struct DepthState : DepthArrays {
     int32_t RopMaxDepth = 0;
     // The highest packet number taken into the arrays.
     int32_t RopLastPacket = 0;
+    // The way a geolograph renumbering walks, set by op_renum: 0 up hole
+    // (towards older records), 1 down hole.
+    int RenumDirection = 0;
     // Set by whatever changes the records under the arrays (a whole lag
     // pass, a geolograph edit, another file): the next chart draw rebuilds.
     bool RopRebuild = false;

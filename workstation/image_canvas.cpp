@@ -151,19 +151,37 @@ void ImageCanvas::Present(const CanvasControls& controls) {
             p.setPen(QPen(ReadableOn(l.BorderColor, BackColor), 0));
             p.drawLine(px(l.X1, l.Y1), px(l.X2, l.Y2));
         }
+    if (controls.selecter && controls.selecter->Visible) {
+        const LineControl& l = *controls.selecter;
+        p.setPen(QPen(ReadableOn(l.BorderColor, BackColor),
+                      std::max(1.0, l.BorderWidth * 15 * scale_)));
+        p.drawLine(px(l.X1, l.Y1), px(l.X2, l.Y2));
+    }
     const double keepSize = FontSize;
     const bool keepBold = FontBold;
+    auto label = [&](const FloatingLabel& l, bool boxed) {
+        if (!l.Visible || l.Caption.isEmpty()) return;
+        FontSize = l.FontSize;
+        FontBold = false;
+        p.setFont(font());
+        const QPointF at(l.Left * scale_, l.Top * scale_);
+        if (boxed) {
+            // The read-out stands on its own patch so that it reads over
+            // any curve.
+            const QFontMetricsF m = metrics();
+            p.fillRect(QRectF(at, QSizeF(m.horizontalAdvance(l.Caption) + 4, m.height())),
+                       QColor(255, 255, 225));
+        }
+        // On its own light patch a label keeps its colour; on the canvas it
+        // is made readable against the background.
+        p.setPen(boxed ? ToQColor(l.ForeColor) : ReadableOn(l.ForeColor, BackColor));
+        p.drawText(QPointF(at.x() + (boxed ? 2 : 0), at.y() + metrics().ascent()), l.Caption);
+    };
     for (const auto* labels : controls.labels) {
         if (!labels) continue;
-        for (const FloatingLabel& l : *labels) {
-            if (!l.Visible || l.Caption.isEmpty()) continue;
-            FontSize = l.FontSize;
-            FontBold = false;
-            p.setFont(font());
-            p.setPen(ReadableOn(l.ForeColor, BackColor));
-            p.drawText(QPointF(l.Left * scale_, l.Top * scale_ + metrics().ascent()), l.Caption);
-        }
+        for (const FloatingLabel& l : *labels) label(l, false);
     }
+    if (controls.pointerLabel) label(*controls.pointerLabel, true);
     FontSize = keepSize;
     FontBold = keepBold;
     p.end();

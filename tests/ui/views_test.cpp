@@ -242,8 +242,7 @@ TEST(Views, APressOnTheScreenHidesOrShowsTheControlBoxAndKeepsTheSettings) {
     ASSERT_NE(box, nullptr);
     QFile::remove(st.folder.file(config::kConfigFileName));
 
-    // The canvas leaves presses it has no use for to the screen.
-    uitest::press(st.main()->canvas(), Qt::LeftButton);
+    uitest::press(st.main()->centralWidget(), Qt::LeftButton, {2, 2});
     EXPECT_FALSE(st.ws.fm_Gas_Chart.Frame6.visible());
     EXPECT_FALSE(box->isVisible());
     EXPECT_TRUE(st.folder.exists(config::kConfigFileName));

@@ -1,0 +1,387 @@
+// The mouse and the keys on a drawn chart: the read-out under the pointer,
+// a stretch chosen with two double clicks, the Shift drag, the position bar,
+// Escape, text boxes kept in the job file, and a chart that is drawing.
+#include "chart/interaction.h"
+#include "chart_fixture.h"
+
+#include <functional>
+
+namespace charttest {
+namespace {
+
+using namespace chart;
+
+class InteractionTest : public ChartTest {
+  protected:
+    // One hour and a half of records from 06:00, a foot every ten, drawn
+    // from the newest: the rows below them on the canvas are empty.
+    void job(int records = 900) {
+        run(records, [](Rec& r, int k) {
+            r.set("DEPTH", 1000.0 + k / 10).set("DEPTH_RAW", 1000.0 + k / 10);
+            r.set("GAS_UNITS", 10.0 + k % 7);
+        });
+        open();
+        draw();
+        ASSERT_GT(ws.chart.RowsDrawn, 0);
+    }
+    // The first and last canvas rows that hold a record.
+    int firstRow() const {
+        for (int y = 0; y < kRowSlots; ++y)
+            if (ws.chart.RowRecordId[y] != 0) return y;
+        return -1;
+    }
+    int lastRow() const {
+        for (int y = kRowSlots - 1; y >= 0; --y)
+            if (ws.chart.RowRecordId[y] != 0) return y;
+        return -1;
+    }
+    double right() const { return ws.chart.PlotLeft + 1000; }
+    void dblClick(double x, double y) {
+        graph_MouseMove(ws, 0, 0, x, y);
+        graph_DblClick(ws);
+    }
+    QString gasText(int32_t id) {
+        testkit::RawDb raw(path, testkit::RawDb::Access::ReadOnly);
+        return raw.value(QString("SELECT GAS_TEXT FROM OMBRI_DB_010 WHERE ID = %1").arg(id));
+    }
+    int visibleBoxes(const QString& tag) const {
+        int n = 0;
+        for (const auto& l : ws.chart.lbl_insert_txt) n += l.Visible && l.Tag == tag;
+        return n;
+    }
+};
+
+TEST_F(InteractionTest, PointerReadsTheRowAboveItAndFallsBackOverEmptyRows) {
+    job();
+    const auto& c = ws.chart;
+    const int top = firstRow(), bottom = lastRow();
+    ASSERT_LT(bottom + 500, c.ChartBottom) << "the job must leave empty rows";
+    const int mid = (top + bottom) / 2;
+    struct Case {
+        const char* name;
+        double x, y;
+        int row;
+        int cursor;
+        bool emptyReadOut;
+    } cases[] = {
+        {"a drawn row", right(), double(mid), mid - 10, 0, false},
+        {"an empty row keeps the last good one", right(), bottom + 300.0, mid - 10, 0, false},
+        {"near the top of the canvas", right(), 5, 5, 0, true},
+        {"the position bar", 100, double(mid), mid - 10, kUpDownArrow, false},
+        {"the tick band", c.PlotLeft - 100, double(mid), mid - 10, kUpDownArrow, false},
+        {"left of the tick band", c.PlotLeft - 400, double(mid), mid - 10, 0, false},
+    };
+    for (const auto& k : cases) {
+        SCOPED_TRACE(k.name);
+        if (k.y == 5) {
+            // Row 5 is empty too; make it a drawn one to see the short rule.
+            ws.chart.RowDepth[5] = 1;
+        }
+        graph_MouseMove(ws, 0, 0, k.x, k.y);
+        EXPECT_EQ(c.LastGoodY, k.row);
+        EXPECT_EQ(c.MousePointer, k.cursor);
+        const QString readOut = ws.fm_Gas_Chart.lbl_time_depth.caption();
+        if (k.emptyReadOut) {
+            EXPECT_EQ(readOut, c.UnitSerial);
+        } else {
+            EXPECT_TRUE(readOut.contains(" GU")) << readOut.toStdString();
+            EXPECT_TRUE(readOut.contains("2026/Nov/02")) << readOut.toStdString();
+            EXPECT_TRUE(readOut.contains(" Ft")) << readOut.toStdString();
+        }
+    }
+    // At or past the bottom of the chart the row 100 above it is read.
+    ws.chart.RowDepth[int(c.ChartBottom) - 100] = 5;
+    graph_MouseMove(ws, 0, 0, right(), c.ChartBottom + 40);
+    EXPECT_EQ(c.LastGoodY, int(c.ChartBottom) - 110);
+}
+
+TEST_F(InteractionTest, TwoDoubleClicksChooseAStretchAndRefuseEmptyRows) {
+    job();
+    auto& c = ws.chart;
+    const int top = firstRow(), bottom = lastRow();
+    struct Case {
+        const char* name;
+        double x1, y1, x2, y2;
+        bool busy;
+        bool start, end;
+    } cases[] = {
+        {"two drawn rows", right(), top + 50.0, right() + 300, bottom - 50.0, false, true, true},
+        {"first on an empty row", right(), bottom + 400.0, right(), top + 50.0, false, true, false},
+        {"second on an empty row", right(), top + 50.0, right(), bottom + 400.0, false, true,
+         false},
+        {"above the chart", right(), c.ChartTop - 100, right(), c.ChartTop - 50, false, false,
+         false},
+        {"left of the plot", c.PlotLeft - 50, top + 50.0, c.PlotLeft - 50, bottom - 50.0, false,
+         false, false},
+        {"while the chart draws", right(), top + 50.0, right(), bottom - 50.0, true, false, false},
+    };
+    for (const auto& k : cases) {
+        SCOPED_TRACE(k.name);
+        graph_KeyPress(ws, kEscape);
+        c.Gchart_busy = k.busy;
+        c.Grefresh_count = 3;
+        dblClick(k.x1, k.y1);
+        if (std::string(k.name) == "first on an empty row") {
+            // Refused: the next double click is the first one.
+            EXPECT_LT(c.SelectStartY, 0);
+            dblClick(k.x2, k.y2);
+        } else {
+            dblClick(k.x2, k.y2);
+        }
+        c.Gchart_busy = false;
+        EXPECT_EQ(c.SelectStartY >= 0, k.start);
+        EXPECT_EQ(c.SelectEndY >= 0, k.end);
+        EXPECT_EQ(ws.fm_Gas_Chart.sel_type.visible(), k.end);
+        EXPECT_EQ(ws.fm_Gas_Chart.ln_selecter.visible(), k.start);
+        if (k.start) {
+            EXPECT_NE(c.RowRecordId[c.SelectStartY], 0);
+            EXPECT_EQ(c.Grefresh_count, c.Grefresh_seconds);
+        }
+        if (k.end) {
+            EXPECT_EQ(c.SelectEndY, int(k.y2));
+            // The newer end is the upper one.
+            EXPECT_GT(c.RowRecordId[c.SelectStartY], c.RowRecordId[c.SelectEndY]);
+        }
+    }
+
+    // Between the clicks the line runs to the pointer, and the read-out
+    // gives the time between the rows (a record is six seconds).
+    graph_KeyPress(ws, kEscape);
+    dblClick(right(), top + 50.0);
+    EXPECT_EQ(c.lbl_float.Caption, "0 Min");
+    const int from = c.RowRecordId[top + 50];
+    graph_MouseMove(ws, 0, 0, right() + 500, bottom - 50.0);
+    const int to = c.RowRecordId[bottom - 60];
+    EXPECT_EQ(c.ln_selecter_X2, right() + 500);
+    EXPECT_EQ(c.ln_selecter_Y1, top + 50);
+    const int seconds = (from - to) * 6;
+    EXPECT_EQ(c.lbl_float.Caption, QTime(0, 0).addSecs(seconds).toString("HH:mm:ss"));
+
+    // Escape clears it; while the chart draws it is left alone.
+    dblClick(right(), bottom - 50.0);
+    ASSERT_TRUE(ws.fm_Gas_Chart.sel_type.visible());
+    c.Gchart_busy = true;
+    graph_KeyPress(ws, kEscape);
+    EXPECT_GE(c.SelectEndY, 0);
+    c.Gchart_busy = false;
+    graph_KeyPress(ws, kEscape);
+    EXPECT_EQ(c.SelectStartX, -1);
+    EXPECT_EQ(c.SelectStartY, -1);
+    EXPECT_EQ(c.SelectEndX, -1);
+    EXPECT_EQ(c.SelectEndY, -1);
+    EXPECT_FALSE(ws.fm_Gas_Chart.sel_type.visible());
+    EXPECT_FALSE(ws.fm_Gas_Chart.ln_selecter.visible());
+    EXPECT_FALSE(c.lbl_float.Visible);
+}
+
+TEST_F(InteractionTest, ShiftDragPutsThePressedRecordUnderTheRelease) {
+    job(3000);
+    auto& c = ws.chart;
+    const int32_t newest = c.LastRecord;
+    struct Case {
+        const char* name;
+        int32_t startTop;
+        double pressY, releaseY;
+        bool shiftLetGo;
+        int32_t wantTop; // -1: the pressed record lands under the release
+    } cases[] = {
+        {"down the canvas", newest - 1000, 2000, 3000, false, -1},
+        {"up the canvas", newest - 1000, 3000, 2000, false, -1},
+        {"past the newest record", newest - 100, 1500, 5000, false, newest},
+        {"shift let go first", newest - 1000, 2000, 3000, true, newest - 1000},
+    };
+    for (const auto& k : cases) {
+        SCOPED_TRACE(k.name);
+        c.ChartTopRecord = k.startTop;
+        draw();
+        const int32_t pressed = c.RowRecordId[int(k.pressY)];
+        const int32_t released = c.RowRecordId[int(k.releaseY)];
+        ASSERT_NE(pressed, 0);
+        graph_MouseDown(ws, kLeftButton, kShiftMask, right(), k.pressY);
+        const double tagTop = c.lbl_timedate.size() > 1 ? c.lbl_timedate[1].Top : 0;
+        graph_MouseMove(ws, kLeftButton, kShiftMask, right(), k.releaseY);
+        if (c.lbl_timedate.size() > 1) {
+            EXPECT_NEAR(c.lbl_timedate[1].Top, tagTop + k.releaseY - k.pressY, 1e-6);
+        }
+        if (k.shiftLetGo) {
+            graph_KeyUp(ws, 16, 0);
+            graph_MouseUp(ws, kLeftButton, 0, right(), k.releaseY);
+        } else {
+            graph_MouseUp(ws, kLeftButton, kShiftMask, right(), k.releaseY);
+        }
+        EXPECT_FALSE(c.Dragging);
+        if (k.wantTop >= 0) {
+            EXPECT_EQ(c.ChartTopRecord, k.wantTop);
+        } else {
+            // The top moves by the records between the two rows; the hour
+            // breaks of the new page leave the pressed one within a few
+            // minutes of the release.
+            EXPECT_EQ(c.ChartTopRecord, k.startTop + pressed - released);
+            EXPECT_NEAR(c.RowRecordId[int(k.releaseY)], pressed, 30);
+        }
+    }
+}
+
+TEST_F(InteractionTest, PositionBarJumpsByThePlaceOfTheRelease) {
+    job(2000);
+    auto& c = ws.chart;
+    const int32_t last = c.LastRecord;
+    const double h = canvas->Height();
+    struct Case {
+        bool flipped;
+        double y;
+        int32_t top;
+    } cases[] = {
+        {false, 0, last}, {false, h / 4, int32_t(last * 3 / 4)},
+        {false, h, 0},    {true, h / 4, int32_t(last / 4)},
+        {true, h, last},
+    };
+    for (const auto& k : cases) {
+        SCOPED_TRACE(testing::Message() << k.flipped << " " << k.y);
+        ws.settings.Flipped = k.flipped;
+        c.ChartTopRecord = 1234;
+        dblClick(right(), firstRow() + 20.0);
+        graph_MouseUp(ws, kLeftButton, 0, 100, k.y);
+        EXPECT_EQ(c.ChartTopRecord, k.top);
+        EXPECT_EQ(c.SelectStartY, -1);
+        EXPECT_GE(canvas->presented, 1);
+    }
+    // Right of the bar a left release only puts the control box away.
+    c.ChartTopRecord = 1234;
+    graph_MouseUp(ws, kLeftButton, 0, 300, h / 2);
+    EXPECT_EQ(c.ChartTopRecord, 1234);
+    EXPECT_FALSE(ws.fm_Gas_Chart.Frame6.visible());
+    graph_MouseUp(ws, kRightButton, 0, right(), h / 2);
+    EXPECT_TRUE(ws.fm_Gas_Chart.Frame6.visible());
+    // In the 200 twips left of the plot the geolograph box opens on a level
+    // line.
+    graph_MouseUp(ws, kRightButton, 0, c.PlotLeft - 100, firstRow() + 100.0);
+    EXPECT_TRUE(ws.fm_Gas_Chart.Geo_edit.visible());
+    EXPECT_FALSE(ws.fm_Gas_Chart.Frame6.visible());
+    EXPECT_TRUE(ws.fm_Gas_Chart.ln_selecter.visible());
+    EXPECT_EQ(c.ln_selecter_Y1, c.ln_selecter_Y2);
+    EXPECT_NE(c.RowRecordId[int(c.ln_selecter_Y1)], 0);
+}
+
+TEST_F(InteractionTest, TextBoxesAreKeptOneToARecordInTheJobFile) {
+    job();
+    auto& c = ws.chart;
+    const int y = firstRow() + 200;
+    const int32_t id = c.RowRecordId[y];
+    const QString tag = QString::number(id);
+    struct Case {
+        const char* name;
+        QString words;
+        double x, y;
+        QString stored; // GAS_TEXT afterwards
+        QString drawn;  // the caption after a redraw ("" for none)
+    } cases[] = {
+        {"a box", "Trip gas", 7000.4, double(y), "7000 ^Trip gas", "Trip gas"},
+        {"a second on the same record replaces it", "Connection", 8000, double(y),
+         "8000 ^Connection", "Connection"},
+        {"a caret in the words", "C1^C2 up", 7500, double(y), "7500 ^C1^C2 up", "C1"},
+    };
+    for (const auto& k : cases) {
+        SCOPED_TRACE(k.name);
+        ws.fm_Gas_Chart.txt_message.setText(k.words);
+        cmd_ins_text_Click(ws);
+        ASSERT_GT(c.PlacingTextBox, 0);
+        const int n = c.PlacingTextBox;
+        // The box follows the pointer until the release drops it.
+        graph_MouseMove(ws, 0, 0, k.x - 200, k.y);
+        EXPECT_EQ(c.lbl_insert_txt[n].Left, k.x);
+        graph_MouseUp(ws, kLeftButton, 0, k.x, k.y);
+        EXPECT_EQ(c.PlacingTextBox, 0);
+        EXPECT_EQ(c.lbl_insert_txt[n].Tag, tag);
+        EXPECT_EQ(gasText(id), k.stored);
+        EXPECT_EQ(visibleBoxes(tag), 1);
+        draw();
+        EXPECT_EQ(visibleBoxes(tag), 1);
+        for (const auto& l : c.lbl_insert_txt) {
+            if (l.Visible && l.Tag == tag) {
+                EXPECT_EQ(l.Caption, k.drawn);
+            }
+        }
+    }
+
+    // Dropped on an empty row the box stays in the hand and nothing is
+    // written.
+    ws.fm_Gas_Chart.txt_message.setText("nowhere");
+    cmd_ins_text_Click(ws);
+    graph_MouseUp(ws, kLeftButton, 0, 7000, lastRow() + 400.0);
+    EXPECT_GT(c.PlacingTextBox, 0);
+    testkit::RawDb raw(path, testkit::RawDb::Access::ReadOnly);
+    EXPECT_EQ(raw.number("SELECT count(*) FROM OMBRI_DB_010 WHERE GAS_TEXT LIKE '%nowhere%'"), 0);
+    graph_MouseUp(ws, kLeftButton, 0, 7000, lastRow() - 100.0);
+    EXPECT_EQ(c.PlacingTextBox, 0);
+
+    // Chosen, a box takes new words, and the delete empties its field.
+    draw();
+    int n = 0;
+    for (int k = 1; k < int(c.lbl_insert_txt.size()); ++k)
+        if (c.lbl_insert_txt[k].Visible && c.lbl_insert_txt[k].Tag == tag) n = k;
+    ASSERT_GT(n, 0);
+    const auto& box = c.lbl_insert_txt[n];
+    EXPECT_EQ(TextBoxAt(ws, box.Left + 10, box.Top + 10), n);
+    lbl_insert_txt_Click(ws, n);
+    EXPECT_EQ(ws.fm_Gas_Chart.txt_message.text(), "C1");
+    ws.fm_Gas_Chart.txt_message.setText("Bottoms up");
+    cmd_ins_text_Click(ws);
+    EXPECT_EQ(c.PlacingTextBox, 0);
+    EXPECT_EQ(gasText(id), "7500 ^Bottoms up");
+    lbl_insert_txt_Click(ws, n);
+    cmd_del_txt_box_Click(ws);
+    EXPECT_EQ(gasText(id), " ");
+    EXPECT_FALSE(c.lbl_insert_txt[n].Visible);
+    draw();
+    EXPECT_EQ(visibleBoxes(tag), 0);
+    // Nothing chosen: the delete does nothing.
+    const QString other = gasText(c.RowRecordId[lastRow() - 100]);
+    cmd_del_txt_box_Click(ws);
+    EXPECT_EQ(gasText(c.RowRecordId[lastRow() - 100]), other);
+}
+
+TEST_F(InteractionTest, ABusyChartIgnoresTheMouseAndTheKeys) {
+    job();
+    auto& c = ws.chart;
+    const double mid = (firstRow() + lastRow()) / 2.0;
+    struct Case {
+        const char* name;
+        std::function<void()> act;
+    } cases[] = {
+        {"double click", [&] { dblClick(right(), mid); }},
+        {"position bar", [&] { graph_MouseUp(ws, kLeftButton, 0, 100, 3000); }},
+        {"shift drag",
+         [&] {
+             graph_MouseDown(ws, kLeftButton, kShiftMask, right(), mid);
+             graph_MouseUp(ws, kLeftButton, kShiftMask, right(), mid + 500);
+         }},
+        {"right button", [&] { graph_MouseUp(ws, kRightButton, 0, c.PlotLeft - 100, mid); }},
+        {"placing a box",
+         [&] {
+             c.PlacingTextBox = 1;
+             c.lbl_insert_txt.resize(2);
+             c.lbl_insert_txt[1].Caption = "x";
+             graph_MouseUp(ws, kLeftButton, 0, 7000, mid);
+         }},
+    };
+    for (const auto& k : cases) {
+        SCOPED_TRACE(k.name);
+        c.ChartTopRecord = 500;
+        ws.fm_Gas_Chart.Frame6.setVisible(true);
+        c.Gchart_busy = true;
+        k.act();
+        c.Gchart_busy = false;
+        EXPECT_EQ(c.ChartTopRecord, 500);
+        EXPECT_EQ(c.SelectStartY, -1);
+        EXPECT_TRUE(ws.fm_Gas_Chart.Frame6.visible());
+        EXPECT_FALSE(ws.fm_Gas_Chart.Geo_edit.visible());
+        EXPECT_FALSE(ws.fm_Gas_Chart.ln_selecter.visible());
+        testkit::RawDb raw(path, testkit::RawDb::Access::ReadOnly);
+        EXPECT_EQ(raw.number("SELECT count(*) FROM OMBRI_DB_010 WHERE GAS_TEXT LIKE '%^%'"), 0);
+        c.PlacingTextBox = 0;
+    }
+}
+
+} // namespace
+} // namespace charttest
