@@ -31,6 +31,11 @@ class AcqTest : public ::testing::Test, protected testkit::Station {
     }
     const QString& buffer() const { return ws.packet.Gline_buffer; }
     const QString& field(int i) const { return ws.packet.Gombri_data_array[i]; }
+    // A button as the operator sees it: its caption and its colour.
+    static QString look(const forms::Control& c) { return look(c.caption(), c.backColor()); }
+    static QString look(const QString& caption, long colour) {
+        return caption + " | " + QString::number(colour, 16);
+    }
     // Lets the links deliver and runs the intake tick until done() holds or
     // ms milliseconds pass.
     bool intakeUntil(const std::function<bool()>& done, int ms = 5000) {

@@ -13,35 +13,29 @@ class ControlBox : public AcqTest {};
 
 TEST_F(ControlBox, RefreshPeriodHasAFloorOfTenSeconds) {
     auto& box = ws.fm_Gas_Chart.txt_refresh_timer;
-    box.setText("5");
-    acq::txt_refresh_timer_Commit(ws);
-    EXPECT_EQ(box.text(), "10");
-    EXPECT_EQ(ws.chart.Grefresh_seconds, 10);
-    EXPECT_EQ(ws.chart.Grefresh_count, 10);
-
-    box.setText("45 s");
-    acq::txt_refresh_timer_Commit(ws);
-    EXPECT_EQ(box.text(), "45 s");
-    EXPECT_EQ(ws.chart.Grefresh_seconds, 45);
-    EXPECT_EQ(ws.chart.Grefresh_count, 45);
-
-    box.setText("ten"); // no number at all reads 0, then the floor
-    acq::txt_refresh_timer_Commit(ws);
-    EXPECT_EQ(box.text(), "10");
-    EXPECT_EQ(ws.chart.Grefresh_seconds, 10);
+    // Typed, shown after, period; no number at all reads 0, then the floor.
+    const struct {
+        const char* typed;
+        const char* shown;
+        int seconds;
+    } cases[] = {{"5", "10", 10}, {"45 s", "45 s", 45}, {"ten", "10", 10}};
+    for (const auto& c : cases) {
+        box.setText(c.typed);
+        acq::txt_refresh_timer_Commit(ws);
+        EXPECT_EQ(box.text(), c.shown) << c.typed;
+        EXPECT_EQ(ws.chart.Grefresh_seconds, c.seconds) << c.typed;
+        EXPECT_EQ(ws.chart.Grefresh_count, c.seconds) << c.typed;
+    }
 }
 
 TEST_F(ControlBox, RefreshButtonPausesAndResumesWithTheCount) {
-    auto& b = ws.fm_Gas_Chart.cmd_refresh;
     ws.chart.Grefresh_count = 77;
     acq::cmd_refresh_Click(ws);
     EXPECT_TRUE(ws.chart.Grefresh_paused);
-    EXPECT_EQ(b.caption(), "Refresh Off");
-    EXPECT_EQ(b.backColor(), Red);
+    EXPECT_EQ(look(ws.fm_Gas_Chart.cmd_refresh), look("Refresh Off", Red));
     acq::cmd_refresh_Click(ws);
     EXPECT_FALSE(ws.chart.Grefresh_paused);
-    EXPECT_EQ(b.caption(), "Refresh 77");
-    EXPECT_EQ(b.backColor(), Green);
+    EXPECT_EQ(look(ws.fm_Gas_Chart.cmd_refresh), look("Refresh 77", Green));
 
     ws.chart.Grefresh_seconds = 120;
     acq::cmd_redraw_chart_Click(ws);
@@ -49,23 +43,19 @@ TEST_F(ControlBox, RefreshButtonPausesAndResumesWithTheCount) {
 }
 
 TEST_F(ControlBox, PumpsToggleOnlyWhileWitsIsDown) {
-    auto& b = ws.fm_Gas_Chart.cmd_pumps;
+    const auto& b = ws.fm_Gas_Chart.cmd_pumps;
     ws.wits.Gwits_alive = 0;
     // From the grey "No Pump Data" the first press gives pumps off.
     acq::cmd_pumps_Click(ws);
-    EXPECT_EQ(b.caption(), "PUMPS OFF");
-    EXPECT_EQ(b.backColor(), Red);
+    EXPECT_EQ(look(b), look("PUMPS OFF", Red));
     EXPECT_FALSE(ws.wits.Gpumps_manual);
     acq::cmd_pumps_Click(ws);
-    EXPECT_EQ(b.caption(), "PUMPS ON");
-    EXPECT_EQ(b.backColor(), Green);
+    EXPECT_EQ(look(b), look("PUMPS ON", Green));
     EXPECT_TRUE(ws.wits.Gpumps_manual);
-
     // With WITS up a press changes nothing.
     ws.wits.Gwits_alive = 1;
     acq::cmd_pumps_Click(ws);
-    EXPECT_EQ(b.caption(), "PUMPS ON");
-    EXPECT_EQ(b.backColor(), Green);
+    EXPECT_EQ(look(b), look("PUMPS ON", Green));
     EXPECT_TRUE(ws.wits.Gpumps_manual);
 }
 

@@ -92,12 +92,10 @@ TEST_F(ParserTags, TheTagCutTakesOneCharacterPastTheCrEvenWithoutALineFeed) {
 TEST_F(ParserTags, TwoWayAndOutputOnlySetTheSecureButton) {
     auto& b = ws.fm_setup.cmd_secure;
     parse("[TWO WAY]\r\n");
-    EXPECT_EQ(b.caption(), "Two Way Active");
-    EXPECT_EQ(b.backColor(), forms::color::Green);
+    EXPECT_EQ(look(b), look("Two Way Active", forms::color::Green));
     EXPECT_TRUE(buffer().isEmpty());
     parse("[OUTPUT ONLY]\r\nrest");
-    EXPECT_EQ(b.caption(), "Two Way Inactive");
-    EXPECT_EQ(b.backColor(), forms::color::Red);
+    EXPECT_EQ(look(b), look("Two Way Inactive", forms::color::Red));
     EXPECT_EQ(buffer(), "rest");
     // Waits for its CR like the uptime line.
     parse("[TWO WAY]");

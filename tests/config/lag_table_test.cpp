@@ -1,46 +1,25 @@
 // The lag zones between the job file and the setup panel, on real job files.
-// What is in the file is checked with SQLite itself, not through the store.
+// What is in the file is read with SQLite itself, not through the store.
 #include "config_fixture.h"
 #include "db/schema.h"
 #include "depth/lag.h"
-
-#include <sqlite3.h>
+#include "raw_db.h"
 
 using cfgtest::Station;
 
 namespace {
 
-// Runs one statement on the file: the rows it gives, each as its values
-// joined by blanks, or SQLite's own words when it fails.
-QStringList Sql(const QString& path, const char* sql) {
-    sqlite3* db = nullptr;
-    sqlite3_stmt* st = nullptr;
-    QStringList out;
-    if (sqlite3_open(path.toUtf8().constData(), &db) != SQLITE_OK ||
-        sqlite3_prepare_v2(db, sql, -1, &st, nullptr) != SQLITE_OK) {
-        out << sqlite3_errmsg(db);
-    } else {
-        int rc = SQLITE_ROW;
-        while ((rc = sqlite3_step(st)) == SQLITE_ROW) {
-            QStringList row;
-            for (int c = 0; c < sqlite3_column_count(st); ++c)
-                row << QString::number(sqlite3_column_double(st, c));
-            out << row.join(' ');
-        }
-        if (rc != SQLITE_DONE) out << sqlite3_errmsg(db);
-    }
-    sqlite3_finalize(st);
-    sqlite3_close(db);
-    return out;
-}
-
+// The zone rows of the file as SQLite reads them, one "a b c d e f" a row.
 QStringList LagRows(const QString& path) {
-    return Sql(path, "SELECT ZoneNumber, StartDepth, EndDepth, StrPer100Ft, MinPer100Ft, "
-                     "Selection FROM LagPara ORDER BY ZoneNumber");
+    return testkit::RawDb(path)
+        .value("SELECT group_concat(printf('%g %g %g %g %g %g', ZoneNumber, StartDepth, EndDepth, "
+               "StrPer100Ft, MinPer100Ft, Selection), '|') FROM (SELECT * FROM LagPara ORDER BY "
+               "ZoneNumber)")
+        .split('|');
 }
 
 void Exec(const QString& path, const char* sql) {
-    EXPECT_EQ(Sql(path, sql), QStringList()) << sql;
+    EXPECT_EQ(testkit::RawDb(path).exec(sql), 0) << sql;
 }
 
 struct Job : Station {

@@ -59,44 +59,36 @@ class Mutator {
     QByteArray mutate(QByteArray b, const QByteArray& other) {
         for (int steps = 1 + pick(8); steps > 0; --steps) {
             const int at = pick(b.size() + 1);
-            switch (pick(10)) {
-            case 0: // flip a byte
-                if (!b.isEmpty()) b[pick(b.size())] = static_cast<char>(rng_() & 0xFF);
-                break;
-            case 1: { // insert random bytes
+            switch (pick(6)) {
+            case 0: { // random bytes in
                 QByteArray junk(pick(40), '\0');
                 for (char& c : junk) c = static_cast<char>(rng_() & 0xFF);
                 b.insert(at, junk);
                 break;
             }
-            case 2: // cut a stretch out
-                b.remove(at, pick(200));
+            case 1: // a stretch cut out, or the rest
+                if (pick(2))
+                    b.remove(at, pick(200));
+                else
+                    b.truncate(at);
                 break;
-            case 3:
-                b.truncate(at);
-                break;
-            case 4: // a long run of one character
+            case 2: // a long run of one character
                 b.insert(at, QByteArray(pick(5000), "7x \t[]-.\r\n"[pick(10)]));
                 break;
-            case 5: { // duplicate a line somewhere else
-                const QList<QByteArray> lines = b.split('\n');
-                b.insert(at, lines[pick(lines.size())] + '\n');
-                break;
-            }
-            case 6: { // swap two lines
+            case 3: { // lines repeated and moved
                 QList<QByteArray> lines = b.split('\n');
+                lines.insert(pick(lines.size() + 1), lines[pick(lines.size())]);
                 lines.swapItemsAt(pick(lines.size()), pick(lines.size()));
                 b = lines.join('\n');
                 break;
             }
-            case 7: // splice in part of another file
-                b.insert(at, other.mid(pick(other.size() + 1), pick(400)));
+            case 4: // part of another file, or junk for a value
+                if (pick(2)) {
+                    b.insert(at, other.mid(pick(other.size() + 1), pick(400)));
+                } else if (const qsizetype v = b.indexOf("] ", at); v >= 0) {
+                    b.insert(v + 2, QByteArray("-e9x,to,to ") + char(pick(256)));
+                }
                 break;
-            case 8: { // replace a value with junk
-                const qsizetype v = b.indexOf("] ", at);
-                if (v >= 0) b.insert(v + 2, QByteArray("-e9x,to,to ") + char(pick(256)));
-                break;
-            }
             default: { // stray line ends and NULs
                 const char* bits[] = {"\r", "\n", "\r\r\n", "\0", "to"};
                 const int k = pick(5);

@@ -218,15 +218,13 @@ TEST(SetupGuard, WhileStartingUpTheChangeHandlersDoNothing) {
     p.txt_delim.setText("|");
     p.ck_metric.setValue(1);
     st.ws.chart.Gchart_busy = true;
-    config::txt_gas_units_Change(st.ws);
-    config::txt_rop_scale_Commit(st.ws);
-    config::txt_cg_gain_Commit(st.ws);
-    config::txt_surface_lag_Change(st.ws);
-    config::txt_ROP_in_per_100ft_Commit(st.ws);
-    config::txt_delim_Change(st.ws);
+    for (auto* handler :
+         {&config::txt_gas_units_Change, &config::txt_rop_scale_Commit, &config::txt_cg_gain_Commit,
+          &config::txt_surface_lag_Change, &config::txt_ROP_in_per_100ft_Commit,
+          &config::txt_delim_Change, &config::ck_metric_Click})
+        handler(st.ws);
     config::op_delim_Click(st.ws, 1);
     config::op_wits_item_Click(st.ws, 0);
-    config::ck_metric_Click(st.ws);
     EXPECT_TRUE(st.dialogs.boxes.empty());
     EXPECT_EQ(p.txt_gas_units.text(), "bad");
     EXPECT_EQ(p.txt_surface_lag.text(), "0.5");

@@ -51,10 +51,11 @@ TEST(Lifecycle, AMissingDemonstrationJobIsCopiedOrMadeBlankFromTheTemplate) {
     const QString demo = s.folder.file("DB_CUE/V11_DEMO.DB");
     s.ws.fm_Gas_Chart.txt_db_path.setText(demo);
     s.open();
-    EXPECT_TRUE(s.saw(demo + " File not found"));
-    EXPECT_TRUE(s.messages().filter("Could not copy V11_DEMO.DB").size() == 1);
-    EXPECT_TRUE(s.saw("Attempting to create blank demo"));
-    EXPECT_TRUE(s.saw(demo + " created"));
+    for (const QString& line :
+         {demo + " File not found", QStringLiteral("Attempting to create blank demo"),
+          demo + " created"})
+        EXPECT_TRUE(s.saw(line)) << line.toStdString();
+    EXPECT_EQ(s.messages().filter("Could not copy V11_DEMO.DB").size(), 1);
     // The template was made from the schema, and the job from it.
     EXPECT_TRUE(s.folder.exists("OMBRI_010_BLANK.db"));
     ASSERT_TRUE(s.ws.db.Grecords.isOpen());
@@ -179,8 +180,7 @@ TEST(Lifecycle, AnOlderJobIsConvertedOnlyWhenTheUserAgrees) {
                                        "Would you like to convert it?");
     EXPECT_EQ(Digest(s.job), before);
     EXPECT_FALSE(s.folder.exists("DB_CUE/JOB.DB.old"));
-    EXPECT_FALSE(s.ws.db.Gdb.isOpen());
-    EXPECT_FALSE(s.ws.db.Grecords.isOpen());
+    EXPECT_FALSE(s.ws.db.Gdb.isOpen() || s.ws.db.Grecords.isOpen());
     EXPECT_TRUE(s.lastMessage().startsWith("Open DB Err: "));
 
     s.dialogs.answers.push_back(platform::Answer::Yes);
@@ -188,11 +188,9 @@ TEST(Lifecycle, AnOlderJobIsConvertedOnlyWhenTheUserAgrees) {
     EXPECT_EQ(s.dialogs.boxes.size(), 2u);
     ASSERT_TRUE(s.ws.db.Grecords.isOpen());
     EXPECT_EQ(s.ws.db.Grecords.RecordCount(), 25);
-    EXPECT_TRUE(s.folder.exists("DB_CUE/JOB.DB.old"));
     EXPECT_FALSE(s.folder.exists("DB_CUE/JOB.DB.new"));
     EXPECT_EQ(s.ws.db.NextRecordId, 26);
-    EXPECT_EQ(RawDb(s.folder.file("DB_CUE/JOB.DB.old")).number("SELECT count(*) FROM OMBRI_DB_005"),
-              25);
+    EXPECT_EQ(RawDb(s.job + ".old").number("SELECT count(*) FROM OMBRI_DB_005"), 25);
     // Old ID order becomes the packet order; each column from its old name.
     RawDb raw(s.job);
     EXPECT_EQ(

