@@ -39,7 +39,7 @@ inline std::array<double, 7> ReportedGas(double testNum) {
 }
 
 class ChroTest : public ::testing::Test {
-  protected:
+  public:
     testkit::Station st{"CHRO.db"};
     Workstation& ws = st.ws;
     std::shared_ptr<station::RecordingCanvas> canvas =

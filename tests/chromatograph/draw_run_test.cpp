@@ -57,7 +57,7 @@ TEST_F(DrawRunTest, PeakLabelsStandOverTheTopsInTheirColours) {
         EXPECT_DOUBLE_EQ(printed[0].y1, Y(l.top) - 250);
         EXPECT_EQ(printed[0].color, l.color);
         const auto drop = canvas->lines([&](const CanvasCall& c) {
-            return c.x1 == X(l.top) && c.x2 == c.x1 && c.y2 == c.y1 + 500;
+            return std::abs(c.x1 - X(l.top)) < 1e-6 && c.x2 == c.x1 && c.y2 == c.y1 + 500;
         });
         ASSERT_EQ(drop.size(), 1u);
         EXPECT_EQ(drop[0].color, l.color);
@@ -126,8 +126,10 @@ TEST_F(DrawRunTest, ReportLinesFollowTheRun) {
         }
         QStringList all;
         for (const auto& t : canvas->texts()) all << t.text;
-        for (const QString& line : c.lines) EXPECT_TRUE(all.contains(line)) << line;
-        if (c.cgv == nullptr) EXPECT_TRUE(canvas->printed("C1").empty());
+        for (const QString& line : c.lines) EXPECT_TRUE(all.contains(line)) << line.toStdString();
+        if (c.cgv == nullptr) {
+            EXPECT_TRUE(canvas->printed("C1").empty());
+        }
         // The report stands in one column right of the trace.
         for (const auto& t : canvas->texts([](const CanvasCall& x) { return x.x1 > 4500; }))
             EXPECT_EQ(t.x1, 4700);

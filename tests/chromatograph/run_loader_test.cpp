@@ -150,7 +150,7 @@ TEST_F(RunLoaderTest, ClosedJobIsToldAndRaisesTheErrorFlag) {
     ws.db.Grecords.Close();
     select(5, 20);
     cmd_view_cg_Click(ws);
-    EXPECT_TRUE(st.lastMessage().startsWith("View CG Err: ")) << st.lastMessage();
+    EXPECT_TRUE(st.lastMessage().startsWith("View CG Err: ")) << st.lastMessage().toStdString();
     EXPECT_TRUE(ws.db.Gdb_error);
     EXPECT_FALSE(ws.chart.Gchart_drawing);
 }
