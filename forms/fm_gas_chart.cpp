@@ -68,6 +68,7 @@ FmGasChart::FmGasChart() : Panel("fm_Gas_Chart", " Ombri Instruments Gas Chart")
     add(cmd_cancel_geo, "cmd_cancel_geo", "Cancel");
     add(cmd_cancel_sel, "cmd_cancel_sel", "Cancel");
     add(cmd_del_from_db, "cmd_del_from_db", "Delete Selected Data");
+    add(cmd_view_cg, "cmd_view_cg", "View Chromatograph");
 }
 
 } // namespace forms

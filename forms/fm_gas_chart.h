@@ -66,6 +66,7 @@ struct FmGasChart : Panel {
     Control cmd_cancel_geo;
     Control cmd_cancel_sel;
     Control cmd_del_from_db;
+    Control cmd_view_cg;
     // Whether the window is minimized: the title takes its short form then.
     bool minimized = false;
 };

@@ -6,6 +6,7 @@
 
 #include <QAbstractButton>
 #include <QAbstractScrollArea>
+#include <QAbstractSlider>
 #include <QButtonGroup>
 #include <QComboBox>
 #include <QEvent>
@@ -191,6 +192,12 @@ void Link::connectWidget() {
             c_->setValue(i);
             safeCall(ev_.click, where);
         });
+    } else if (auto* slider = qobject_cast<QAbstractSlider*>(w_)) {
+        QObject::connect(slider, &QAbstractSlider::valueChanged, this, [this, where](int v) {
+            if (applying_) return;
+            c_->setValue(v);
+            safeCall(ev_.change, where);
+        });
     } else if (auto* tabs = qobject_cast<QTabWidget*>(w_)) {
         QObject::connect(tabs, &QTabWidget::currentChanged, this, [this, where](int i) {
             if (applying_) return;
@@ -218,11 +225,15 @@ void Link::apply(Prop p) {
             og->setChosen(c_->value());
         else if (auto* tabs = qobject_cast<QTabWidget*>(w_))
             tabs->setCurrentIndex(c_->value());
+        else if (auto* slider = qobject_cast<QAbstractSlider*>(w_))
+            slider->setValue(c_->value());
         break;
     case Prop::Range:
         if (auto* bar = qobject_cast<QProgressBar*>(w_)) {
             bar->setRange(c_->min(), c_->max());
             bar->setValue(std::clamp(c_->value(), c_->min(), c_->max()));
+        } else if (auto* slider = qobject_cast<QAbstractSlider*>(w_)) {
+            slider->setRange(c_->min(), c_->max());
         }
         break;
     case Prop::Items:

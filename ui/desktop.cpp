@@ -1,5 +1,6 @@
 #include "ui/desktop.h"
 
+#include "ui/chro_view.h"
 #include "ui/help_view.h"
 #include "ui/look.h"
 #include "ui/main_view.h"
@@ -35,12 +36,9 @@ void Desktop::attach(Workstation& ws) {
     main_->setAttribute(Qt::WA_DeleteOnClose, false);
     // The panel windows belong to the main screen and stand above it.
     PanelWindow* windows[] = {
-        new PlainPanelView(ws, ws.fm_chro, main_),
-        new HelpView(ws, main_),
-        new SetupView(ws, main_),
-        new SecureView(ws, main_),
-        new MoreDataView(ws, main_),
-        new PlainPanelView(ws, ws.fm_WITS, main_),
+        new ChroView(ws, main_),     new HelpView(ws, main_),
+        new SetupView(ws, main_),    new SecureView(ws, main_),
+        new MoreDataView(ws, main_), new PlainPanelView(ws, ws.fm_WITS, main_),
     };
     for (PanelWindow* w : windows) w->followForm();
 }

@@ -9,6 +9,7 @@
 #include "alarms/alarm_monitor.h"
 #include "chart/chart.h"
 #include "chart/interaction.h"
+#include "chromatograph/chromatograph.h"
 #include "config/setup_handlers.h"
 #include "depth/geo_edit.h"
 #include "depth/lag.h"
@@ -59,6 +60,7 @@ constexpr const char* kSetup = "fm_setup";
 constexpr const char* kViewer = "more_data";
 constexpr const char* kLogin = "fm_secure";
 constexpr const char* kWits = "fm_WITS";
+constexpr const char* kChro = "fm_chro";
 
 // Control name -> handler. A control whose handler is still to come simply
 // has no row yet: its widget shows and edits the model, and a press does
@@ -156,6 +158,22 @@ const Route kRoutes[] = {
     route(kWits, "ck_Use_Local_WITS", On::Click, &wits::ck_Use_Local_WITS_Click),
     route(kWits, "cmd_Search_For_WITS", On::Click, &wits::cmd_Search_For_WITS_Click),
     route(kWits, "txt_Raw_WITS_Out", On::DblClick, &wits::txt_Raw_WITS_Out_DblClick),
+    // The chromatograph panel (the picture's mouse goes straight to its
+    // handlers from the view).
+    route(kChro, "cmd_set_c1", On::Click, &chromatograph::cmd_set_Click, 0),
+    route(kChro, "cmd_set_c2", On::Click, &chromatograph::cmd_set_Click, 1),
+    route(kChro, "cmd_set_c3", On::Click, &chromatograph::cmd_set_Click, 2),
+    route(kChro, "cmd_set_ic4", On::Click, &chromatograph::cmd_set_Click, 3),
+    route(kChro, "cmd_set_nc4", On::Click, &chromatograph::cmd_set_Click, 4),
+    route(kChro, "cmd_set_ic5", On::Click, &chromatograph::cmd_set_Click, 5),
+    route(kChro, "cmd_set_nc5", On::Click, &chromatograph::cmd_set_Click, 6),
+    route(kChro, "cmd_timing_lines", On::Click, &chromatograph::cmd_timing_lines_Click),
+    route(kChro, "VS_c", On::Change, &chromatograph::VS_c_Change),
+    route(kChro, "vs_cg_vis_size", On::Change, &chromatograph::vs_cg_vis_size_Change),
+    route(kChro, "cmd_Commit", On::Click, &chromatograph::cmd_Commit_Click),
+    route(kChro, "cmd_get_next_cg", On::Click, &chromatograph::cmd_get_next_cg_Click),
+    route(kChro, "cmd_get_previous_cg", On::Click, &chromatograph::cmd_get_previous_cg_Click),
+    route(kChro, "cmd_print_chro", On::Click, &chromatograph::cmd_print_chro_Click),
     // The statistics report.
     route(kSetup, "cmd_calculate_stats", On::Click, &stats::cmd_calculate_stats_Click),
     route(kSetup, "cmd_autotally_browse", On::Click, &stats::cmd_autotally_browse_Click),
@@ -178,6 +196,7 @@ const Route kRoutes[] = {
     route(kMain, "cmd_cancel_geo", On::Click, &depth::cmd_cancel_geo_Click),
     route(kMain, "cmd_cancel_sel", On::Click, &depth::cmd_cancel_sel_Click),
     route(kMain, "cmd_del_from_db", On::Click, &store::cmd_del_from_db_Click),
+    route(kMain, "cmd_view_cg", On::Click, &chromatograph::cmd_view_cg_Click),
     route(kSetup, "cmd_Add_Missing_Packets", On::Click, &depth::cmd_Add_Missing_Packets_Click),
 };
 

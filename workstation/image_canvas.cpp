@@ -101,7 +101,10 @@ const QFont& ImageCanvas::font() const {
     auto it = fonts_.find(key);
     if (it == fonts_.end()) {
         QFont f(FontName);
-        f.setStyleHint(QFont::SansSerif);
+        // A fixed-column report asks for a typewriter face; where the named
+        // one is missing, another of the same kind keeps the columns.
+        f.setStyleHint(FontName.startsWith(QLatin1String("Courier")) ? QFont::TypeWriter
+                                                                     : QFont::SansSerif);
         f.setPixelSize(
             std::max(1, static_cast<int>(std::lround(FontSize * kTwipsPerPoint * scale_ * 0.85))));
         f.setBold(FontBold);

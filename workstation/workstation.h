@@ -19,6 +19,7 @@
 #include "platform/tcp_link.h"
 #include "workstation/alarm_state.h"
 #include "workstation/chart_state.h"
+#include "workstation/chro_state.h"
 #include "workstation/depth_state.h"
 #include "workstation/link_state.h"
 #include "workstation/loop_state.h"
@@ -64,6 +65,7 @@ class Workstation {
     store::StoreState db;
     depth::DepthState depth;
     chart::ChartState chart;
+    chromatograph::ChroState chro;
     wits::WitsState wits;
     products::ProductsState products;
     alarms::AlarmState alarms;

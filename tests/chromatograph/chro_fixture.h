@@ -1,0 +1,113 @@
+#pragma once
+// A test station over a job of chromatograph runs written the way the
+// instrument leaves them: each run a stretch of records with one CGTESTNUM,
+// a packet every six seconds, and in every record the gas split of the run
+// before it. The picture box is a recording canvas.
+
+#include "chromatograph/chromatograph.h"
+#include "raw_db.h"
+#include "store/lifecycle.h"
+#include "test_station.h"
+#include "text/numbers.h"
+#include "workstation/recording_canvas.h"
+
+#include <QDateTime>
+#include <functional>
+#include <gtest/gtest.h>
+#include <sqlite3.h>
+#include <vector>
+
+namespace chrotest {
+
+// A detector sample as the instrument writes it: volts with five decimals,
+// then the last peak found and the peak window (both 0 for none).
+inline double Cgv(double volts, int found, int window) {
+    return text::Val(text::Format(volts, u"0.00000") + QString::number(found) +
+                     QString::number(window));
+}
+
+struct RunSpec {
+    double testNum;
+    int records;
+    // CGV of record k of the run; a flat 1.1 V when empty.
+    std::function<double(int)> cgv = {};
+};
+
+// The split every record of run `testNum` reports for the run before it.
+inline std::array<double, 7> ReportedGas(double testNum) {
+    return {50 + testNum, 5, 3, 1, 1, 0.5, 0};
+}
+
+class ChroTest : public ::testing::Test {
+  public:
+    testkit::Station st{"CHRO.db"};
+    Workstation& ws = st.ws;
+    std::shared_ptr<station::RecordingCanvas> canvas =
+        std::make_shared<station::RecordingCanvas>(9000, 7200);
+    QDateTime start{QDate(2026, 11, 2), QTime(6, 0, 0)};
+    int written = 0;
+
+    ChroTest() {
+        ws.chro.pb_chro = canvas;
+        ws.chart.Gchart_busy = false;
+        chromatograph::fm_chro_Load(ws);
+    }
+
+    // Appends the runs and opens the shared set on the job.
+    void write(const std::vector<RunSpec>& runs) {
+        testkit::RawDb raw(st.job);
+        raw.exec("BEGIN");
+        sqlite3_stmt* ins = nullptr;
+        sqlite3_prepare_v2(raw.handle(),
+                           "INSERT INTO OMBRI_DB_010 (ID, PACKET_NUM, SERIAL_NUM, DATE_TXT, "
+                           "TIME_TXT, DT, DEPTH, BIT_DEPTH, GAS_UNITS, LAG_GU, CGTESTNUM, CGV, "
+                           "CHROM_VAC, C1, C2, C3, IC4, NC4, IC5, NC5) VALUES "
+                           "(?1, ?1, 'KW1042', ?2, ?3, ?4, -4500, 0, ?5, 4480, ?6, ?7, ?8, "
+                           "?9, ?10, ?11, ?12, ?13, ?14, ?15)",
+                           -1, &ins, nullptr);
+        for (const RunSpec& run : runs) {
+            const std::array<double, 7> gas = ReportedGas(run.testNum);
+            for (int k = 0; k < run.records; ++k) {
+                const QDateTime at = start.addSecs(6LL * written);
+                ++written;
+                sqlite3_bind_int(ins, 1, written);
+                auto text = [&](int n, const QString& s) {
+                    sqlite3_bind_text(ins, n, s.toUtf8().constData(), -1, SQLITE_TRANSIENT);
+                };
+                text(2, at.toString("MM/dd/yyyy"));
+                text(3, at.toString("HH:mm:ss"));
+                text(4, at.toString("yyyy-MM-dd HH:mm:ss"));
+                sqlite3_bind_double(ins, 5, 100 + run.testNum);
+                sqlite3_bind_double(ins, 6, run.testNum);
+                sqlite3_bind_double(ins, 7, run.cgv ? run.cgv(k) : 1.1);
+                // Pressure and column temperature in turns.
+                sqlite3_bind_double(ins, 8, written % 2 ? 760 : 10000 + 61.25);
+                for (int g = 0; g < 7; ++g) sqlite3_bind_double(ins, 9 + g, gas[g]);
+                EXPECT_EQ(sqlite3_step(ins), SQLITE_DONE);
+                sqlite3_reset(ins);
+            }
+        }
+        sqlite3_finalize(ins);
+        raw.exec("COMMIT");
+        store::PrimeLastRecord(ws);
+    }
+
+    // A stretch chosen on the chart between two records (by ID).
+    void select(int32_t id1, int32_t id2) {
+        ws.chart.RowRecordId[1000] = id1;
+        ws.chart.RowRecordId[2000] = id2;
+        ws.chart.SelectStartY = 1000;
+        ws.chart.SelectEndY = 2000;
+    }
+
+    const chromatograph::CgRun& run() const { return ws.chro.run; }
+
+    // The report's printed line that starts with `label`.
+    QString reportLine(const QString& label) const {
+        for (const auto& c : canvas->texts())
+            if (c.text.startsWith(label)) return c.text;
+        return {};
+    }
+};
+
+} // namespace chrotest
