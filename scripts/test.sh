@@ -11,3 +11,11 @@ cmake --preset release -DGASCHART_WERROR=ON
 cmake --build --preset release
 ctest --preset release
 bash scripts/package.sh
+# Every suite again under AddressSanitizer and UndefinedBehaviorSanitizer,
+# built with clang; the first fault ends the run (the sanitize presets set
+# halt_on_error). The same build tree holds the fuzz targets, each run for
+# 30 s from its seeds.
+cmake --preset sanitize -DGASCHART_WERROR=ON
+cmake --build --preset sanitize
+ctest --preset sanitize
+bash scripts/fuzz.sh 30
