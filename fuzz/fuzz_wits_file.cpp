@@ -15,7 +15,6 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
         ws.wits.itemCount > static_cast<int>(ws.wits.WITS_item_codes.size()))
         std::abort();
     // Every name lookup the receive list makes.
-    for (int code : {0, 108, 110, 1108, 9899, -1})
-        (void)wits::WitsItemName(ws, code);
+    for (int code : {0, 108, 110, 1108, 9899, -1}) (void)wits::WitsItemName(ws, code);
     return 0;
 }
