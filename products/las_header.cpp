@@ -15,8 +15,8 @@ const char* const kTop[] = {
     "~VERSION INFORMATION",
     "VERS      .     2                                    : CWLS Log ASCII Standard Version",
     "WRAP      .           NO                             : One Line per Depth Step",
-    "DLM       .           SPACE                          : Delimiter between data columns - one "
-    "or more spaces",
+    ("DLM       .           SPACE                          : Delimiter between data columns - one "
+     "or more spaces"),
     "~WELL INFORMATION"};
 const char* const kStrtFt = "STRT      .ft   ";
 const char* const kStrtMet = "STRT      .met  ";
@@ -43,8 +43,8 @@ const char* const kRegion[] = {
     "UWI       .                                          : Unique Well ID (required if CTRY = CA)",
     "LIC       .                                          : License        (required if CTRY = CA)",
     "STAT      .                                          : State          (required if CTRY = US)",
-    "CNTY      .                                          : County         (required if CTRY = "
-    "US)"};
+    ("CNTY      .                                          : County         (required if CTRY = "
+     "US)")};
 const char* const kApiHead = "API       . ";
 const char* const kApiTail = "                     : API Number     (required if CTRY = US)";
 const char* const kApiEmpty =

@@ -50,9 +50,12 @@ void ShowLine(Workstation& ws, const QString& line) {
 
 void CountFoot(Workstation& ws) {
     auto& w = ws.wits;
-    const auto h = static_cast<int32_t>(text::Fix(w.Gwits_values[1]));
+    // A depth no foot counter can hold (noise on the line) stops at the
+    // nearest foot it can, and the fall test is worked out wide, so neither
+    // overflows.
+    const int32_t h = text::CLng(text::Fix(w.Gwits_values[1]));
     if (w.WITS_last_foot == 0) w.WITS_last_foot = h;
-    if (h < w.WITS_last_foot - kFootResetFall) w.WITS_last_foot = h;
+    if (int64_t{h} < int64_t{w.WITS_last_foot} - kFootResetFall) w.WITS_last_foot = h;
     if (h > w.WITS_last_foot) {
         w.WITS_last_foot = h;
         if (w.WITS_rop_seconds > kShortestFootSeconds) {

@@ -217,6 +217,27 @@ TEST_F(Receive, FootCountingGivesTheRateFromSecondsOnBottom) {
     EXPECT_EQ(ws.wits.WITS_rop_seconds, 0);
 }
 
+TEST_F(Receive, AHoleDepthBeyondAnyFootStopsAtTheLastFootCountedAndCountingGoesOn) {
+    // A recorder that sends garbage as a depth: the foot counter takes the
+    // nearest foot it can hold, and a sane depth behind it starts again.
+    ws.wits.Gwits_alive = 60;
+    auto hole = [&](const char* depth) { receive(LedFrame({{110, depth}})); };
+    struct Case {
+        const char* depth;
+        int32_t lastFoot;
+    } cases[] = {
+        {"150001000000", INT32_MAX},
+        {"5000", 5000},
+        {"-150001000000", INT32_MIN}, // a fall of more than 200 ...
+        {"4700", 4700},               // ... and the counting starts again
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.depth);
+        hole(c.depth);
+        EXPECT_EQ(ws.wits.WITS_last_foot, c.lastFoot);
+    }
+}
+
 TEST_F(Receive, PumpButtonFollowsTheStrokeRate) {
     ws.wits.Gwits_alive = 60;
     ws.wits.Gspm = 92.6;
