@@ -124,6 +124,9 @@ void PeakLabels(Workstation& ws, station::Canvas& cv, const Geometry& g) {
     const int bold = ws.fm_setup.ck_bold_color_lines.checked() ? 2 : 1;
     int last = 0;
     int windowStart = 0;
+    struct {
+        double x = 0, y = 0, w = 0, h = 0;
+    } prev; // the box of the last peak name printed
     for (int i = 0; i <= r.CgCount; ++i) {
         const double x = kTraceLeft + i * g.xStep;
         const double y = g.labelY(g.y(r.CgSamples[i]));
@@ -152,8 +155,16 @@ void PeakLabels(Workstation& ws, station::Canvas& cv, const Geometry& g) {
         cv.CurrentY = py - 250;
         cv.DrawWidth = bold;
         if (d >= 1 && d <= kGases && s.GoodPeaks >= d) {
+            // Peaks a sample or two apart (IC5 after NC4) would print one
+            // name over the other: the later name stands just above.
+            const QString name = PeakName(d);
+            const double w = cv.TextWidth(name), h = cv.TextHeight(name);
+            if (prev.h > 0 && cv.CurrentX < prev.x + prev.w && prev.x < cv.CurrentX + w &&
+                cv.CurrentY < prev.y + prev.h && prev.y < cv.CurrentY + h)
+                cv.CurrentY = prev.y - h;
+            prev = {cv.CurrentX, cv.CurrentY, w, h};
             cv.ForeColor = PeakColor(ws, d);
-            cv.Print(PeakName(d));
+            cv.Print(name);
             cv.Line(px, py, px, py + 500, PeakColor(ws, d));
         }
         cv.DrawWidth = 1;

@@ -136,6 +136,40 @@ TEST_F(DrawRunTest, ReportLinesFollowTheRun) {
     }
 }
 
+// NC4 and IC5 of the same height, IC5 opening `gap` samples after NC4.
+std::function<double(int)> ButaneThenPentane(int gap) {
+    return [gap](int k) {
+        const int nc4 = 20, ic5 = 20 + gap;
+        const int found = k < 5 ? 0 : k < nc4 ? 4 : k < ic5 ? 5 : k < ic5 + 2 ? 6 : 7;
+        const int window = (k >= nc4 && k < nc4 + 2) ? 5 : (k >= ic5 && k < ic5 + 2) ? 6 : 0;
+        return Cgv(window ? 1.3 : 1.1, found, window);
+    };
+}
+
+TEST_F(DrawRunTest, ANameThatWouldCoverThePreviousStandsAboveIt) {
+    ws.settings.CgVisibleGain = 5000;
+    struct Case {
+        int gap;
+        bool raised;
+    };
+    for (const Case c : {Case{2, true}, Case{10, false}}) {
+        SCOPED_TRACE(c.gap);
+        testkit::RawDb(st.job).exec("DELETE FROM OMBRI_DB_010");
+        written = 0;
+        load(ButaneThenPentane(c.gap));
+        const auto nc4 = canvas->printed("NC4"), ic5 = canvas->printed("IC5");
+        ASSERT_EQ(nc4.size(), 1u);
+        ASSERT_EQ(ic5.size(), 1u);
+        const double w = canvas->TextWidth("NC4"), h = canvas->TextHeight("NC4");
+        const bool overlap =
+            std::abs(nc4[0].x1 - ic5[0].x1) < w && std::abs(nc4[0].y1 - ic5[0].y1) < h;
+        EXPECT_FALSE(overlap) << nc4[0].x1 << "," << nc4[0].y1 << " " << ic5[0].x1 << ","
+                              << ic5[0].y1;
+        // Far apart, both stand at the same height over their equal tops.
+        EXPECT_NEAR(ic5[0].y1, c.raised ? nc4[0].y1 - h : nc4[0].y1, 1);
+    }
+}
+
 TEST_F(DrawRunTest, TallPeakHoldsItsLabelOnThePicture) {
     ws.settings.CgVisibleGain = 200000; // the smallest size: everything is tall
     load(PeakedRun);

@@ -63,6 +63,13 @@ struct Window {
 constexpr std::array<Window, 7> kWindows{
     {{3, 4, 6}, {7, 8, 10}, {11, 13, 15}, {16, 17, 19}, {20, 21, 23}, {25, 27, 29}, {30, 32, 34}}};
 constexpr int kRunSamples = 40; // four minutes a run
+constexpr double kSampleSeconds = 6;
+
+std::array<double, 7> DefaultPeakSeconds() {
+    std::array<double, 7> t{};
+    for (size_t i = 0; i < 7; ++i) t[i] = kWindows[i].top * kSampleSeconds;
+    return t;
+}
 
 constexpr std::array<double, 7> kDryGas{0.90, 0.06, 0.025, 0.006, 0.007, 0.001, 0.001};
 constexpr std::array<double, 7> kWetGas{0.65, 0.15, 0.10, 0.03, 0.04, 0.015, 0.015};
@@ -113,6 +120,10 @@ struct Model::Impl {
     std::array<double, 7> split{};
     std::array<double, 7> runHeights{};
     double cgBase = 1.1;
+    // Seconds from a run's first sample to each peak: the taught table, and
+    // the copy the run under way keeps so a lesson never splits a run.
+    std::array<double, 7> peakSeconds = DefaultPeakSeconds();
+    std::array<double, 7> runPeaks = peakSeconds;
 
     // slow instrument values
     double o2 = 20.9, co2 = 0.1, caseTemp = 38, lph = 65, vac = 6.2, volts = 13.4;
@@ -282,15 +293,18 @@ struct Model::Impl {
             for (size_t i = 0; i < 7; ++i)
                 runHeights[i] = 1.5 * std::log10(1 + injectGas * frac[i]);
             cgBase = std::clamp(cgBase + rnd.range(-0.01, 0.01), 1.0, 1.3);
+            runPeaks = peakSeconds;
         }
         double v = cgBase + rnd.range(-0.002, 0.002);
         int found = 0, window = 0;
         for (size_t i = 0; i < 7; ++i) {
+            // The window keeps its width around wherever the peak was taught.
             const Window& w = kWindows[i];
-            double dx = runSample - w.top;
+            const double top = runPeaks[i] / kSampleSeconds;
+            const double dx = runSample - top;
             v += runHeights[i] * std::exp(-dx * dx / 1.3);
-            if (runSample >= w.top) found = int(i) + 1;
-            if (runSample >= w.from && runSample <= w.to) window = int(i) + 1;
+            if (runSample >= top) found = int(i) + 1;
+            if (dx >= w.from - w.top && dx <= w.to - w.top) window = int(i) + 1;
         }
         v = std::clamp(v, 1.0, 9.99999);
         testOut = testNum;
@@ -339,6 +353,25 @@ struct Model::Impl {
 };
 
 Model::Model(const Options& opt) : d_(std::make_shared<Impl>(opt)) {}
+
+int Model::PeakIndex(const QString& name) {
+    static const char* kNames[] = {"C1", "C2", "C3", "IC4", "NC4", "IC5", "NC5"};
+    for (int i = 0; i < 7; ++i)
+        if (name.trimmed().compare(QLatin1String(kNames[i]), Qt::CaseInsensitive) == 0) return i;
+    return -1;
+}
+
+bool Model::setPeakTime(int peak, double seconds) {
+    // A peak must fall inside the run for the run to find it.
+    if (peak < 0 || peak > 6 || !(seconds > 0) || seconds >= kRunSamples * kSampleSeconds)
+        return false;
+    d_->peakSeconds[size_t(peak)] = seconds;
+    return true;
+}
+
+double Model::peakTime(int peak) const {
+    return d_->peakSeconds.at(size_t(peak));
+}
 
 Sample Model::next() {
     Impl& m = *d_;

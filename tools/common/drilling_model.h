@@ -52,6 +52,13 @@ class Model {
     // The operator set the geolograph: drilling goes on from this depth.
     void setHoleDepth(double feet);
     double holeDepth() const;
+    // The chromatograph's peak table, in the order C1, C2, C3, IC4, NC4,
+    // IC5, NC5: seconds from a run's first sample to the top of each peak.
+    // A new time is used from the next run on; false (nothing changed) for
+    // an unknown peak or a time outside a run.
+    static int PeakIndex(const QString& name); // -1 for an unknown name
+    bool setPeakTime(int peak, double seconds);
+    double peakTime(int peak) const;
     // The packet as the instrument sends it: "*" + fields joined by commas + CR LF.
     static QString PacketLine(const Sample& s);
     // The WITS items relayed by the instrument: "^" + five header items,

@@ -193,6 +193,12 @@ void Instrument::handleLine(const QString& raw) {
         reply("DRILL DEPTH IS: " + text::Str(std::floor(model_.holeDepth())));
     } else if (up == QLatin1String("TRANSFER KW_DATA.OMD")) {
         startTransfer();
+    } else if (up.startsWith(QLatin1String("WRITEETIME")) && words.size() >= 3) {
+        // Teaches the column where a peak falls; the log keeps what was taken.
+        const QString name = words[1].toUpper();
+        const double seconds = text::Val(words[2]);
+        const bool ok = model_.setPeakTime(drill::Model::PeakIndex(name), seconds);
+        note("WRITEETIME " + name + " " + text::Str(seconds) + (ok ? "" : " REFUSED"));
     } else if (up.startsWith(QLatin1String("SETJOBNUM"))) {
         if (words.size() >= 2) jobNumber_ = words[1];
         reply("JOB NUM " + jobNumber_);

@@ -35,7 +35,15 @@ struct Args {
     long rows = 2 * 24 * 600; // two days of six-second packets
     uint32_t seed = 1;
     bool report = false;
+    // The demonstration job shows link drops: now and then the instrument
+    // goes on sampling while nothing reaches the workstation, which cuts the
+    // chromatograph run under way short.
+    bool drops = false;
 };
+
+// A drop of 29 samples (under three minutes) after every 1,000 rows written.
+constexpr long kRowsBetweenDrops = 1000;
+constexpr int kDroppedSamples = 29;
 
 bool Parse(const QStringList& a, Args& args) {
     for (int i = 1; i < a.size(); ++i) {
@@ -87,6 +95,8 @@ bool Write(const Args& args, const QString& path) {
     opt.seed = args.seed;
     drill::Model model(opt);
     for (long i = 0; i < args.rows; ++i) {
+        if (args.drops && i > 0 && i % kRowsBetweenDrops == 0)
+            for (int lost = 0; lost < kDroppedSamples; ++lost) model.next();
         const drill::Sample s = model.next();
         Feed(ws, drill::Model::PacketLine(s));
         Feed(ws, drill::Model::WitsLine(s));
@@ -126,6 +136,7 @@ int main(int argc, char** argv) {
     const QString job = args.folder + "/DB_CUE/V11_DEMO.DB";
     const QString part = args.folder + "/V11_DEMO.DB.part";
     QDir().mkpath(args.folder + "/DB_CUE");
+    args.drops = true;
     if (!Write(args, part)) {
         db::RemoveJobFile(part);
         return 1;
