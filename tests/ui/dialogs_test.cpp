@@ -22,7 +22,8 @@ namespace {
 // file dialog may still be reading its folder and let an early answer pass,
 // so the answer is given again on each tick until the dialog has gone.
 template <class D> void answerWhenShown(std::function<void(D*)> answer) {
-    auto* poll = new QTimer;
+    // Owned by the application, so a poll the test outlives is freed with it.
+    auto* poll = new QTimer(QCoreApplication::instance());
     poll->setInterval(20);
     auto seen = std::make_shared<QPointer<D>>();
     QObject::connect(poll, &QTimer::timeout, [poll, answer, seen] {
