@@ -156,8 +156,8 @@ void ImageCanvas::Present(const CanvasControls& controls) {
         }
     if (controls.selecter && controls.selecter->Visible) {
         const LineControl& l = *controls.selecter;
-        p.setPen(QPen(ReadableOn(l.BorderColor, BackColor),
-                      std::max(1.0, l.BorderWidth * 15 * scale_)));
+        p.setPen(
+            QPen(ReadableOn(l.BorderColor, BackColor), std::max(1.0, l.BorderWidth * 15 * scale_)));
         p.drawLine(px(l.X1, l.Y1), px(l.X2, l.Y2));
     }
     const double keepSize = FontSize;
