@@ -28,7 +28,9 @@ TEST(StallWatch, AHoldOfTheLoopIsWrittenOnceAsTheLongestGapOfItsLine) {
     ASSERT_GE(lines.size(), 5u);
     size_t held = 0;
     for (size_t i = 0; i < lines.size(); ++i) {
-        if (i) EXPECT_GT(lines[i].first, lines[i - 1].first);
+        if (i) {
+            EXPECT_GT(lines[i].first, lines[i - 1].first);
+        }
         if (lines[i].second > lines[held].second) held = i;
     }
     EXPECT_GE(lines[held].second, 380);
