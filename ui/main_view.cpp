@@ -174,6 +174,37 @@ QWidget* MainView::buildControlBox() {
         ++r;
     }
 
+    // The chart's own commands side by side on one row.
+    auto* chartRow = new QHBoxLayout;
+    for (const char* n : {"cmd_ins_text", "cmd_del_txt_box", "cmd_print"})
+        if (QWidget* w = make(n)) chartRow->addWidget(w);
+    grid->addLayout(chartRow, r++, 0, 1, 2);
+
+    // The two boxes of a chosen place on the chart: their commands stand
+    // together and show only while their box is open, so the control box
+    // keeps its height on a small screen.
+    auto chosenPlaceBox = [&](forms::Control& model, std::initializer_list<const char*> names) {
+        auto* group = new QGroupBox(box);
+        bind(group, model);
+        placed.insert(&model);
+        auto* inner = new QGridLayout(group);
+        std::vector<forms::Control*> commands;
+        for (forms::Control* c : fm.controls())
+            for (const char* n : names)
+                if (c->name() == QLatin1String(n) && !placed.contains(c)) {
+                    commands.push_back(c);
+                    placed.insert(c);
+                }
+        layoutControls(ws_, fm, commands, inner);
+        grid->addWidget(group, r++, 0, 1, 2);
+    };
+    chosenPlaceBox(fm.sel_type,
+                   {"cmd_Mark_GU", "cmd_del_sel_ticks", "cmd_restore_geo", "cmd_restore_all_geo",
+                    "cmd_view_cg", "cmd_del_from_db", "cmd_cancel_sel"});
+    chosenPlaceBox(fm.Geo_edit,
+                   {"cmd_add_foot_tick", "cmd_rem_foot_tick", "cmd_renum_geo", "op_renum",
+                    "ck_renum_st_at", "txt_renum_start", "cmd_insert_ft", "cmd_cancel_geo"});
+
     // Controls the box does not place yet still show, below the rest.
     std::vector<forms::Control*> others;
     for (forms::Control* c : fm.controls())
