@@ -3,6 +3,7 @@
 #include "db/job_error.h"
 #include "platform/dialogs.h"
 #include "products/omd.h"
+#include "workstation/busy_guard.h"
 #include "workstation/events.h"
 #include "workstation/help_box.h"
 #include "workstation/messages.h"
@@ -43,12 +44,11 @@ bool Confirmed(Workstation& ws) {
                                platform::Icon::Question) == platform::Answer::Yes;
 }
 
-// Sets the flags back whatever way the download ends: a transfer flag left
-// up would stop all parsing.
+// Sets the transfer flags back whatever way the download ends: one left up
+// would stop all parsing.
 struct TransferFlags {
     Workstation& ws;
     ~TransferFlags() {
-        ws.db.Gdb_busy = false;
         ws.packet.Gtransfer_active = false;
         ws.packet.Gtransfer_hold = false;
     }
@@ -64,7 +64,7 @@ void Sync_with_Kettlewick(Workstation& ws) {
     }
     if (!Confirmed(ws)) return;
     try {
-        ws.db.Gdb_busy = true;
+        station::BusyFlag busy(ws.db.Gdb_busy);
         TransferFlags flags{ws};
         const QString tempName = ws.programFile("KW_TEMP.TXT");
         QFile::remove(tempName);
