@@ -6,7 +6,6 @@
 #include "depth/lag.h"
 #include "store/range_delete.h"
 #include "workstation/help_box.h"
-#include "workstation/select_tool.h"
 #include "workstation/workstation.h"
 
 #include <QStringList>
@@ -130,7 +129,6 @@ void cmd_Mark_GU_Click(Workstation& ws, int index) {
     if (!ran) return;
     int32_t result = 0;
     Collect_ROP_Data(ws, first, last, false, result);
-    station::ClearSelection(ws);
 }
 
 void Calculate_Tic_Marks(Workstation& ws) {

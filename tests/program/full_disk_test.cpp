@@ -3,14 +3,11 @@
 // outside (as a full disk would stop it), with the signal that would kill it
 // for that ignored. The record writer says so once, the link and the parser
 // go on, nothing stored is lost, and rows come in again once there is room.
-#include "program_folder.h"
+#include "demo_folder.h"
 #include "raw_db.h"
 #include "simulator.h"
 
-#include <QDir>
-#include <QFile>
 #include <QFileInfo>
-#include <QMap>
 #include <QProcess>
 #include <csignal>
 #include <gtest/gtest.h>
@@ -28,19 +25,6 @@ std::set<long> Stored(const QString& job) {
                      .arg(kFirstPacket));
 }
 
-// "window.control" -> the words it shows, as the program last saved them.
-QMap<QString, QString> ScreenWords(const QString& file) {
-    QMap<QString, QString> out;
-    QFile f(file);
-    if (!f.open(QIODevice::ReadOnly)) return out;
-    for (const QByteArray& line : f.readAll().split('\n')) {
-        const int tab = line.indexOf('\t');
-        if (tab > 0)
-            out.insert(QString::fromUtf8(line.left(tab)), QString::fromUtf8(line.mid(tab + 1)));
-    }
-    return out;
-}
-
 bool LimitFileSize(qint64 pid, rlim_t bytes) {
     const rlimit limit{bytes, RLIM_INFINITY};
     return prlimit(static_cast<pid_t>(pid), RLIMIT_FSIZE, &limit, nullptr) == 0;
@@ -50,17 +34,9 @@ bool LimitFileSize(qint64 pid, rlim_t bytes) {
 
 TEST(ProgramFaults, AFullDiskIsToldOnceTheLinkGoesOnAndRowsComeInAgainWhenThereIsRoom) {
     testkit::ProgramFolder folder;
-    const QString job = folder.file("DB_CUE/V11_DEMO.DB");
-    QDir().mkpath(folder.file("DB_CUE"));
-    ASSERT_TRUE(QFile::copy(GASCHART_BINARY_DIR "/gaschart", folder.file("gaschart")));
-    ASSERT_TRUE(QFile::copy(GASCHART_BINARY_DIR "/DB_CUE/V11_DEMO.DB", job));
     const quint16 port = testkit::FreePort();
-    {
-        QFile config(folder.file("OM_10_config.txt"));
-        ASSERT_TRUE(config.open(QIODevice::WriteOnly));
-        config.write("[TCP IP] 127.0.0.1\r\n[TCP PORT] " + QByteArray::number(port) +
-                     "\r\n[USE TCP]\r\n[USE ETHERNET]\r\n");
-    }
+    const QString job = programtest::MakeDemoFolder(folder, port);
+    ASSERT_FALSE(job.isEmpty());
     Simulator sim(folder.file("sim.log"));
     ASSERT_TRUE(sim.start({"--tcp", QString::number(port), "--interval", "0.5", "--first-packet",
                            QString::number(kFirstPacket)}));
@@ -100,7 +76,7 @@ TEST(ProgramFaults, AFullDiskIsToldOnceTheLinkGoesOnAndRowsComeInAgainWhenThereI
     testkit::Pump(6000);
     EXPECT_EQ(writeErrors(), 1) << folder.read("ERR_LOG.TXT").toStdString();
     EXPECT_EQ(Stored(job), before);
-    QMap<QString, QString> words = ScreenWords(pictures + "/screens.txt");
+    QMap<QString, QString> words = programtest::ScreenWords(pictures + "/screens.txt");
     EXPECT_EQ(words.value("fm_Gas_Chart.txt_message").count("DB Write Err: "), 1)
         << words.value("fm_Gas_Chart.txt_message").toStdString();
     // The parser goes on showing the packets and answering them.

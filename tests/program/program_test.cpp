@@ -3,7 +3,7 @@
 // instrument simulator over TCP. It is watched from outside, through the
 // pictures and words it saves of its screens and through its job file, and
 // stopped as the system stops it at shut-down.
-#include "program_folder.h"
+#include "demo_folder.h"
 #include "raw_db.h"
 #include "simulator.h"
 
@@ -29,24 +29,6 @@ const char* const kPictures[] = {
     "fm_setup_4_Lag",    "fm_setup_5_WITS",  "fm_setup_6_Statistics",
 };
 
-bool CopyIn(const QString& from, const QString& to) {
-    QDir().mkpath(QFileInfo(to).path());
-    return QFile::copy(from, to);
-}
-
-// "window.control" -> the words it shows, as the program last saved them.
-QMap<QString, QString> ScreenWords(const QString& file) {
-    QMap<QString, QString> out;
-    QFile f(file);
-    if (!f.open(QIODevice::ReadOnly)) return out;
-    for (const QByteArray& line : f.readAll().split('\n')) {
-        const int tab = line.indexOf('\t');
-        if (tab > 0)
-            out.insert(QString::fromUtf8(line.left(tab)), QString::fromUtf8(line.mid(tab + 1)));
-    }
-    return out;
-}
-
 // Packet numbers from the simulator stored in the job, read as another
 // program would read them while the workstation writes.
 std::set<long> StoredFromSimulator(const QString& job) {
@@ -68,21 +50,13 @@ int Colours(const QImage& image) {
 
 TEST(Program, RunsOnTheDemoJobWithTheSimulatorShowsLiveFieldsAndClosesCleanlyWhenStopped) {
     testkit::ProgramFolder folder;
-    const QString job = folder.file("DB_CUE/V11_DEMO.DB");
-    ASSERT_TRUE(CopyIn(QStringLiteral(GASCHART_BINARY_DIR "/gaschart"), folder.file("gaschart")));
-    ASSERT_TRUE(CopyIn(QStringLiteral(GASCHART_BINARY_DIR "/DB_CUE/V11_DEMO.DB"), job))
-        << "the demonstration job was not made by the build";
-
-    // Settings of a first run, as the README's run command writes them.
     const quint16 port = testkit::FreePort();
-    {
-        QFile config(folder.file("OM_10_config.txt"));
-        ASSERT_TRUE(config.open(QIODevice::WriteOnly));
-        config.write("[TCP IP] 127.0.0.1\r\n[TCP PORT] " + QByteArray::number(port) +
-                     "\r\n[USE TCP]\r\n[USE ETHERNET]\r\n[GAS UNITS ON] \r\n[C VALUES ON] \r\n"
-                     "[C1 ON] \r\n[C2 ON] \r\n[C3 ON] \r\n[PEAK ON] \r\n[GEO ON] \r\n[ROP ON] \r\n"
-                     "[SHOW PUMPS ON] \r\n[SHOW OFF BOTTOM ON] \r\n");
-    }
+    // Settings of a first run, as the README's run command writes them.
+    const QString job = programtest::MakeDemoFolder(
+        folder, port,
+        "[GAS UNITS ON] \r\n[C VALUES ON] \r\n[C1 ON] \r\n[C2 ON] \r\n[C3 ON] \r\n"
+        "[PEAK ON] \r\n[GEO ON] \r\n[ROP ON] \r\n[SHOW PUMPS ON] \r\n[SHOW OFF BOTTOM ON] \r\n");
+    ASSERT_FALSE(job.isEmpty()) << "the demonstration job was not made by the build";
     Simulator sim(folder.file("sim.log"));
     ASSERT_TRUE(
         sim.start({"--tcp", QString::number(port), "--interval", "1", "--first-packet",
@@ -107,7 +81,7 @@ TEST(Program, RunsOnTheDemoJobWithTheSimulatorShowsLiveFieldsAndClosesCleanlyWhe
     // says connected, the message box has its start-up lines.
     QMap<QString, QString> words;
     const bool live = testkit::PumpUntil(90000, [&] {
-        words = ScreenWords(pictures + "/screens.txt");
+        words = programtest::ScreenWords(pictures + "/screens.txt");
         return words.value("more_data.lbl_packetnum").toLong() > kFirstPacket &&
                words.value("fm_Gas_Chart.cmd_comm1").startsWith("Connected:") &&
                StoredFromSimulator(job).size() >= 3;

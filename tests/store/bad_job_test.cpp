@@ -49,14 +49,6 @@ struct BadFile {
 
 TEST(BadJob, EachBadFileIsNamedByTheOpenAndTheWriterAndNothingInItIsLost) {
     const BadFile cases[] = {
-        {"zero bytes",
-         [](const QString& job) {
-             QFile f(job);
-             f.open(QIODevice::WriteOnly);
-         },
-         "Open DB Err: No table or query named no such table: OMBRI_DB_010 Err pt: 6", true,
-         "DB Write Err: No table or query named no such table: OMBRI_DB_010 3078  Err point: 0",
-         true, 0},
         {"truncated",
          [](const QString& job) {
              storetest::MakeJob(job);
