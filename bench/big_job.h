@@ -130,38 +130,24 @@ inline void Floor(benchmark::State& state, const QString& sql) {
     state.counters["tool_cpu_ms"] = (ChildCpuSeconds() - cpu) * 1000 / double(state.iterations());
 }
 
-// The event loop's pulse during a long job: a 10 ms timer notes the
-// longest gap between two of its ticks (and to the end of the job), which is
-// how long the operator's screen stood still at worst.
-class LoopWatch {
-  public:
-    LoopWatch() {
-        tick_.setInterval(10);
-        QObject::connect(&tick_, &QTimer::timeout, [this] { note(); });
-        tick_.start();
-        since_.start();
-    }
-    // The longest gap so far, in milliseconds.
-    double longest() {
-        note();
-        return longest_;
-    }
-
-  private:
-    void note() {
-        longest_ = std::max(longest_, double(since_.nsecsElapsed()) / 1e6);
-        since_.restart();
-    }
-    QTimer tick_;
-    QElapsedTimer since_;
-    double longest_ = 0;
-};
-
-// Runs `job` under a loop watch: its longest gap in milliseconds.
+// Runs `job` while a 10 ms timer notes the longest gap between two of its
+// ticks (and to the end of the job): how long, in milliseconds, the
+// operator's screen stood still at worst.
 inline double LongestLoopGap(const std::function<void()>& job) {
-    LoopWatch watch;
+    QTimer tick;
+    QElapsedTimer since;
+    double longest = 0;
+    const auto note = [&] {
+        longest = std::max(longest, double(since.nsecsElapsed()) / 1e6);
+        since.restart();
+    };
+    tick.setInterval(10);
+    QObject::connect(&tick, &QTimer::timeout, note);
+    since.start();
+    tick.start();
     job();
-    return watch.longest();
+    note();
+    return longest;
 }
 
 } // namespace bigjob

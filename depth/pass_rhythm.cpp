@@ -1,6 +1,5 @@
 #include "depth/pass_rhythm.h"
 
-#include "workstation/events.h"
 #include "workstation/workstation.h"
 
 namespace depth {
@@ -13,14 +12,13 @@ constexpr qint64 kYieldMs = 20;
 } // namespace
 
 PassRhythm::PassRhythm(Workstation& ws, db::Database db, int batchRecords)
-    : ws_(ws), db_(std::move(db)), batchRecords_(batchRecords) {
+    : db_(std::move(db)), pulse_(ws, kYieldMs), batchRecords_(batchRecords) {
     // A pass writes only what it works out from other columns (lag depth,
     // rates, the stroke count), and the next pass writes it again. So its
     // own connection does not flush the log at every commit, which would be
     // most of a whole-file pass; a power cut may take the last batches with
     // it. The live writer's connection keeps its full flush.
     db_.Execute("PRAGMA synchronous = NORMAL");
-    sinceYield_.start();
 }
 
 PassRhythm::~PassRhythm() {
@@ -59,15 +57,13 @@ void PassRhythm::commit() {
 }
 
 void PassRhythm::yield() {
-    if (sinceYield_.elapsed() < kYieldMs) return;
-    yieldNow();
+    if (pulse_.due()) yieldNow();
 }
 
 void PassRhythm::yieldNow() {
     commit();
-    station::DoEvents(ws_);
+    pulse_.beatNow();
     ++yields_;
-    sinceYield_.restart();
 }
 
 } // namespace depth

@@ -18,6 +18,7 @@
 // two yields the pass holds it for at most one batch.
 
 #include "db/database.h"
+#include "workstation/events.h"
 
 #include <QElapsedTimer>
 #include <optional>
@@ -54,15 +55,14 @@ class PassRhythm {
     int yields() const { return yields_; }
 
   private:
-    Workstation& ws_;
     db::Database db_;
+    station::Pulse pulse_;
     int batchRecords_;
     std::optional<db::Transaction> open_;
     int batch_ = 0;
     int commits_ = 0;
     int yields_ = 0;
     QElapsedTimer batchAge_;
-    QElapsedTimer sinceYield_;
 };
 
 } // namespace depth

@@ -2,7 +2,6 @@
 
 #include "db/database.h"
 #include "db/job_error.h"
-#include "depth/pass_rhythm.h"
 #include "products/hold_busy.h"
 #include "products/names.h"
 #include "products/options.h"
@@ -10,6 +9,7 @@
 #include "products/staged_file.h"
 #include "text/datetime.h"
 #include "text/numbers.h"
+#include "workstation/events.h"
 #include "workstation/help_box.h"
 #include "workstation/messages.h"
 #include "workstation/workstation.h"
@@ -23,7 +23,7 @@ namespace {
 using text::Format;
 
 // The progress bar moves every thousand rows; the loop runs every few
-// milliseconds in between (the rhythm keeps the time).
+// milliseconds in between (the pulse keeps the time).
 constexpr int kProgressRows = 1000;
 
 enum Col { cDt, cDepth, cLagGu, cMinFt, cFtHr, cGas, cC1, cGamma = cC1 + 7, cO2, cCO2, cH2S, cKw };
@@ -86,7 +86,7 @@ bool Create_LAS_TIME_file(Workstation& ws, const QString& file_name) {
         HoldBusy busy(ws.db.Gdb_busy);
         pt = 5;
         db::Database db = db::OpenDatabase(ws.fm_Gas_Chart.txt_db_path.text());
-        depth::PassRhythm rhythm(ws, db);
+        station::Pulse pulse(ws);
         {
             RecordScan r(db, ws.db.Gtable_name, kColumns);
             pt = 6;
@@ -95,7 +95,7 @@ bool Create_LAS_TIME_file(Workstation& ws, const QString& file_name) {
                 // Rows are separated, not ended, as in the depth file.
                 if (rows > 0) out.put("\r\n");
                 out.put(Row(o, r));
-                rhythm.yield();
+                pulse.beat();
                 if (++rows % kProgressRows == 0) {
                     help.pgbar.setValue(help.pgbar.value() >= 1000 ? 1 : help.pgbar.value() + 1);
                 }

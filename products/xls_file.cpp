@@ -2,7 +2,6 @@
 
 #include "db/database.h"
 #include "db/job_error.h"
-#include "depth/pass_rhythm.h"
 #include "products/hold_busy.h"
 #include "products/las_header.h"
 #include "products/names.h"
@@ -12,6 +11,7 @@
 #include "products/time_las.h"
 #include "text/datetime.h"
 #include "text/numbers.h"
+#include "workstation/events.h"
 #include "workstation/help_box.h"
 #include "workstation/messages.h"
 #include "workstation/workstation.h"
@@ -25,10 +25,6 @@ namespace {
 
 using text::Format;
 
-constexpr int kYieldRows = 10;
-// A long stay on one foot (a trip, hours off bottom) writes no row for many
-// records: the loop gets its turn by records too.
-constexpr long kYieldRecords = 1000;
 constexpr double kDeepest = 60000.0;
 
 enum Col {
@@ -101,7 +97,9 @@ bool Create_XLS_file(Workstation& ws, const QString& file_name) {
         pt = 2;
         HoldBusy busy(ws.db.Gdb_busy);
         db::Database db = db::OpenDatabase(ws.fm_Gas_Chart.txt_db_path.text());
-        depth::PassRhythm rhythm(ws, db);
+        // The loop gets its turn by the clock, at every record: a long stay on
+        // one foot (a trip, hours off bottom) writes no row for many records.
+        station::Pulse pulse(ws);
         pt = 3;
         StagedFile main(LocalPath(file_name));
         std::unique_ptr<StagedFile> last48;
@@ -124,8 +122,6 @@ bool Create_XLS_file(Workstation& ws, const QString& file_name) {
             Peaks p;
             int32_t foot = 0;
             bool first = true;
-            long rows = 0;
-            long records = 0;
             pt = 6;
             while (r.next()) {
                 const double gas = o.percentGu / 100 * r.number(cGas);
@@ -138,7 +134,7 @@ bool Create_XLS_file(Workstation& ws, const QString& file_name) {
                     foot = now;
                     first = false;
                 }
-                if (++records % kYieldRecords == 0) rhythm.yield();
+                pulse.beat();
                 if (now == foot) continue;
                 foot = now;
                 if (now > minDepth && now < maxDepth) {
@@ -146,7 +142,6 @@ bool Create_XLS_file(Workstation& ws, const QString& file_name) {
                     main.put(row);
                     const QDateTime dt = r.date(cDt);
                     if (last48 && dt.isValid() && dt > limit48) last48->put(row);
-                    if (++rows % kYieldRows == 0) rhythm.yield();
                 }
                 p = Peaks{};
             }

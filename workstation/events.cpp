@@ -33,10 +33,14 @@ Pulse::Pulse(Workstation& ws, qint64 everyMs) : ws_(ws), everyMs_(everyMs) {
 }
 
 bool Pulse::beat() {
-    if (since_.elapsed() < everyMs_) return false;
+    if (!due()) return false;
+    beatNow();
+    return true;
+}
+
+void Pulse::beatNow() {
     DoEvents(ws_);
     since_.restart();
-    return true;
 }
 
 void WaitEvents(Workstation& ws) {

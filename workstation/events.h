@@ -26,6 +26,11 @@ class Pulse {
     explicit Pulse(Workstation& ws, qint64 everyMs = 20);
     // True when the loop was let run now.
     bool beat();
+    // Whether `everyMs` have passed: a job that must first put its work in
+    // order (commit a batch) asks, then beats now.
+    bool due() const { return since_.elapsed() >= everyMs_; }
+    // Lets the loop run now, whatever the time since it last did.
+    void beatNow();
 
   private:
     Workstation& ws_;
