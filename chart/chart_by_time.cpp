@@ -32,11 +32,6 @@ void HideLastDraw(ChartState& c) {
     c.TextBoxCount = 1;
 }
 
-template <class T> T& Slot(std::vector<T>& controls, int n) {
-    if (static_cast<int>(controls.size()) <= n) controls.resize(n + 1);
-    return controls[n];
-}
-
 void ComputeScales(Workstation& ws) {
     auto& c = ws.chart;
     const double span = c.CanvasWidth - c.PlotLeft;
