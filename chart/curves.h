@@ -65,6 +65,9 @@ std::span<const Curve> CurvesInDrawOrder();
 std::vector<const Curve*> CurvesInKeyOrder();
 // The words of a curve in the key.
 QString LegendOf(const Workstation& ws, const Curve& c);
+// Sets the scale's PixelsPerUnit so that its span fills `span` twips; a span
+// of nothing divides by one.
+void FitScale(config::ChartScale& s, double span);
 
 // The panels' colours and those only the chart draws in.
 namespace colour {
