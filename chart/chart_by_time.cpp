@@ -17,12 +17,6 @@ namespace chart {
 
 namespace {
 
-void PixelsPerUnit(config::ChartScale& s, double span) {
-    double divisor = std::abs(s.ScaleMin) + s.ScaleMax;
-    if (divisor == 0) divisor = 1;
-    s.PixelsPerUnit = span / divisor;
-}
-
 void HideLastDraw(ChartState& c) {
     for (auto& l : c.lbl_timedate) l.Visible = false;
     for (auto& l : c.ln_moveable) l.Visible = false;
@@ -32,11 +26,6 @@ void HideLastDraw(ChartState& c) {
     c.TextBoxCount = 1;
 }
 
-template <class T> T& Slot(std::vector<T>& controls, int n) {
-    if (static_cast<int>(controls.size()) <= n) controls.resize(n + 1);
-    return controls[n];
-}
-
 void ComputeScales(Workstation& ws) {
     auto& c = ws.chart;
     const double span = c.CanvasWidth - c.PlotLeft;
@@ -44,7 +33,7 @@ void ComputeScales(Workstation& ws) {
         ws.settings.WitsScale.ScaleMin = ws.settings.GammaScale.ScaleMin;
         ws.settings.WitsScale.ScaleMax = ws.settings.GammaScale.ScaleMax;
     }
-    for (const Curve& curve : CurvesInDrawOrder()) PixelsPerUnit(curve.scale(ws), span);
+    for (const Curve& curve : CurvesInDrawOrder()) FitScale(curve.scale(ws), span);
 }
 
 void Grid(Workstation& ws, station::Canvas& g) {

@@ -2,6 +2,8 @@
 
 #include "workstation/workstation.h"
 
+#include <cmath>
+
 namespace chart {
 
 namespace {
@@ -92,6 +94,12 @@ QString LegendOf(const Workstation& ws, const Curve& c) {
     const int n = static_cast<int>(c.id) - static_cast<int>(CurveId::Custom1);
     if (n >= 0 && n < 4) return ws.fm_setup.txt_custom_wits_name[n].text();
     return {};
+}
+
+void FitScale(config::ChartScale& s, double span) {
+    double divisor = std::abs(s.ScaleMin) + s.ScaleMax;
+    if (divisor == 0) divisor = 1;
+    s.PixelsPerUnit = span / divisor;
 }
 
 } // namespace chart

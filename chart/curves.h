@@ -3,6 +3,7 @@
 // are in the hour block, its words and colours in the key, and its scale.
 // Inside the chart only.
 
+#include "forms/control.h"
 #include "workstation/settings.h"
 
 #include <QString>
@@ -64,20 +65,24 @@ std::span<const Curve> CurvesInDrawOrder();
 std::vector<const Curve*> CurvesInKeyOrder();
 // The words of a curve in the key.
 QString LegendOf(const Workstation& ws, const Curve& c);
+// Sets the scale's PixelsPerUnit so that its span fills `span` twips; a span
+// of nothing divides by one.
+void FitScale(config::ChartScale& s, double span);
 
+// The panels' colours and those only the chart draws in.
 namespace colour {
-constexpr long Red = 255;
+using forms::color::Black;
+using forms::color::Green;
+using forms::color::Grey;
+using forms::color::Orange;
+using forms::color::Red;
 constexpr long Blue = 0xFF0000;
-constexpr long Green = 65280;
-constexpr long Orange = 33023;
 constexpr long Magenta = 0xFF00FF;
 constexpr long Cyan = 0xFFFF00;
 constexpr long DarkGreen = 53248;
-constexpr long Grey = 0xE0E0E0;
 constexpr long LightGrey = 0xF4F4F4;
 constexpr long HourTag = 16576;
 constexpr long BarGrey = 0x808080;
-constexpr long Black = 0;
 } // namespace colour
 
 } // namespace chart

@@ -18,7 +18,7 @@ namespace {
 
 // A block needs this many records of its hour before it is shown by itself.
 constexpr int kFewestRows = 50;
-constexpr double kDeepest = 49990;
+constexpr double kDeepest = depth::kDeepestFoot;
 
 // The check boxes and options the read looks at, taken once a read.
 struct Wanted {

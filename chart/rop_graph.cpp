@@ -19,12 +19,6 @@ namespace {
 // Feet shallower than this are not drawn.
 constexpr int kShallowest = 100;
 
-double Ppu(const config::ChartScale& s, double span) {
-    double divisor = std::abs(s.ScaleMin) + s.ScaleMax;
-    if (divisor == 0) divisor = 1;
-    return span / divisor;
-}
-
 bool EndsIn(int foot, QChar a, QChar b = QChar()) {
     const QString t = text::Str(foot);
     return t.endsWith(a) || (!b.isNull() && t.endsWith(b));
@@ -85,7 +79,7 @@ void generate_rop_graph(Workstation& ws, double depth) {
         station::disply_text_alarms(ws, "DB ROP Chart Err: Depth pointer < 0");
         return;
     }
-    if (depth > 49990) {
+    if (depth > depth::kDeepestFoot) {
         station::disply_text_alarms(ws, "DB ROP Chart Err: Dept is greater than 50,000 ft");
         return;
     }
@@ -104,8 +98,8 @@ void generate_rop_graph(Workstation& ws, double depth) {
     auto& rop = ws.settings.RopScale;
     auto& gamma = ws.settings.GammaScale;
     const double span = c.RopRight - c.RopLeft;
-    rop.PixelsPerUnit = Ppu(rop, span);
-    gamma.PixelsPerUnit = Ppu(gamma, span);
+    FitScale(rop, span);
+    FitScale(gamma, span);
     const double gasPpu = ws.settings.GasScale.PixelsPerUnit;
 
     Titles(ws, g);

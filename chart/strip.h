@@ -12,6 +12,13 @@ namespace chart {
 
 struct Curve;
 
+// Control n of a control array, the array grown to hold it (index 0 stays
+// unused, as the arrays on the screen have it).
+template <class T> T& Slot(std::vector<T>& controls, int n) {
+    if (static_cast<int>(controls.size()) <= n) controls.resize(n + 1);
+    return controls[n];
+}
+
 // The depth mark of a row left of the plot: every new whole foot a tick,
 // every fifth numbered, and "NF" for a foot the geolograph never marked.
 // The first row of a block has none.

@@ -138,10 +138,7 @@ void Strip::gasUnits(int i) {
     }
     if (++gasSegments_ % 100 != 0) return;
     // A coarse copy of the trace as line controls above the canvas.
-    station::LineControl& l =
-        c_.ln_moveable.size() > static_cast<size_t>(c_.MoveLineIndex)
-            ? c_.ln_moveable[c_.MoveLineIndex]
-            : (c_.ln_moveable.resize(c_.MoveLineIndex + 1), c_.ln_moveable[c_.MoveLineIndex]);
+    station::LineControl& l = Slot(c_.ln_moveable, c_.MoveLineIndex);
     l.X1 = lineX_;
     l.Y1 = lineY_;
     l.X2 = x2;

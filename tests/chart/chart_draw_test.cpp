@@ -30,12 +30,6 @@ class DrawTest : public ChartTest {
                    l.x2 == c.CanvasWidth && l.y1 == l.y2;
         });
     }
-    std::vector<station::FloatingLabel> hourTags() const {
-        std::vector<station::FloatingLabel> out;
-        for (const auto& l : ws.chart.lbl_timedate)
-            if (l.Visible) out.push_back(l);
-        return out;
-    }
 };
 
 TEST_F(DrawTest, HourLinesAndTagsRunDownOrUpTheCanvas) {
@@ -54,13 +48,11 @@ TEST_F(DrawTest, HourLinesAndTagsRunDownOrUpTheCanvas) {
             // Above its line normally, under it when time runs up.
             EXPECT_EQ(tag.Top, flipped ? lines[n].y1 + 25 : lines[n].y1 - 250);
             EXPECT_EQ(tag.Left, ws.chart.CanvasWidth - 1050);
-            const bool shown = n > 0;
-            EXPECT_EQ(tag.Visible, shown) << n;
-            if (shown) {
+            EXPECT_EQ(tag.Visible, n > 0) << n;
+            if (n > 0) {
                 EXPECT_EQ(tag.Caption, want[n]);
             }
         }
-        EXPECT_EQ(hourTags().size(), 2u);
         // An hour takes about an inch at zoom 1, the newest at the top.
         EXPECT_NEAR(std::abs(lines[2].y1 - lines[1].y1), 1440, 30);
         EXPECT_EQ(lines[1].y1 < lines[2].y1, !flipped);
@@ -87,10 +79,6 @@ TEST_F(DrawTest, CloseDetailOnlyAtZoomThatLeavesRoomForIt) {
         const auto tags =
             canvas->texts([](const CanvasCall& t) { return t.text == "120" && t.bold; });
         EXPECT_EQ(!tags.empty(), c.peakTags);
-        for (const auto& t : tags) {
-            EXPECT_EQ(t.color, 0xFF0000);
-            EXPECT_FALSE(t.transparent);
-        }
     }
 }
 

@@ -33,9 +33,6 @@ inline Rec Off(double depth, double gas = 10) {
 inline std::vector<Rec> Repeat(int n, const Rec& r) {
     return std::vector<Rec>(size_t(n), r);
 }
-inline void Append(std::vector<Rec>& to, const std::vector<Rec>& more) {
-    to.insert(to.end(), more.begin(), more.end());
-}
 
 // A job and a workstation over it; a table test makes one per row.
 class Job : public testkit::Station {
