@@ -4,31 +4,18 @@
 // workstation's probe, records the frames of gas results the workstation
 // sends back, and misbehaves on request for the tests.
 #include "recorder.h"
+#include "tools/common/quit_on_signal.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
 #include <QDateTime>
 #include <QSerialPort>
-#include <csignal>
 #include <cstdio>
-
-namespace {
-volatile std::sig_atomic_t gStop = 0;
-void Stop(int) {
-    gStop = 1;
-}
-} // namespace
 
 int main(int argc, char** argv) {
     QCoreApplication app(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("edr-sim"));
-    std::signal(SIGTERM, Stop);
-    std::signal(SIGINT, Stop);
-    QTimer stopWatch;
-    QObject::connect(&stopWatch, &QTimer::timeout, [] {
-        if (gStop) QCoreApplication::quit();
-    });
-    stopWatch.start(100);
+    QuitOnStopSignal();
 
     QCommandLineParser p;
     p.setApplicationDescription(QStringLiteral("Rig data recorder simulator (WITS level 0)"));

@@ -5,12 +5,11 @@
 #include "channel.h"
 #include "instrument.h"
 #include "text/datetime.h"
+#include "tools/common/quit_on_signal.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
 #include <QDateTime>
-#include <QTimer>
-#include <csignal>
 #include <cstdio>
 
 namespace {
@@ -23,25 +22,12 @@ long ClockPacketNumber() {
     return long(epoch.secsTo(QDateTime::currentDateTime()) / 6);
 }
 
-volatile std::sig_atomic_t gStop = 0;
-void Stop(int) {
-    gStop = 1;
-}
-
 } // namespace
 
 int main(int argc, char** argv) {
     QCoreApplication app(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("kettlewick-sim"));
-    // A stop request ends the loop normally, so a pseudo-terminal's link is
-    // removed on the way out.
-    std::signal(SIGTERM, Stop);
-    std::signal(SIGINT, Stop);
-    QTimer stopWatch;
-    QObject::connect(&stopWatch, &QTimer::timeout, [] {
-        if (gStop) QCoreApplication::quit();
-    });
-    stopWatch.start(100);
+    QuitOnStopSignal();
 
     QCommandLineParser p;
     p.setApplicationDescription(QStringLiteral("Gas instrument simulator"));
