@@ -19,9 +19,6 @@ void SetGeometry(Workstation& ws);
 // line and its read-out) put on screen again.
 void Present(Workstation& ws);
 
-// A chart selection is put away (hidden) before the view moves.
-void remove_select_tool(Workstation& ws);
-
 void cmd_reset_view_Click(Workstation& ws);
 void cmd_zoom_in_Click(Workstation& ws);
 void cmd_zoom_out_Click(Workstation& ws);

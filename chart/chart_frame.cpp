@@ -96,14 +96,9 @@ void make_chart(Workstation& ws) {
     c.Gchart_busy = false;
 }
 
-void remove_select_tool(Workstation& ws) {
-    station::ClearSelection(ws);
-    ws.chart.lbl_float.Visible = false;
-}
-
 void cmd_reset_view_Click(Workstation& ws) {
     auto& c = ws.chart;
-    remove_select_tool(ws);
+    station::ClearSelection(ws);
     RestartCountdown(ws);
     if (c.Gchart_busy) {
         // The way out when a failed draw left the flag up: the next press
@@ -121,7 +116,7 @@ void cmd_reset_view_Click(Workstation& ws) {
 }
 
 void cmd_zoom_in_Click(Workstation& ws) {
-    remove_select_tool(ws);
+    station::ClearSelection(ws);
     RestartCountdown(ws);
     if (ws.chart.Gchart_busy) return;
     ws.settings.Zoom *= 2;
@@ -129,7 +124,7 @@ void cmd_zoom_in_Click(Workstation& ws) {
 }
 
 void cmd_zoom_out_Click(Workstation& ws) {
-    remove_select_tool(ws);
+    station::ClearSelection(ws);
     RestartCountdown(ws);
     if (ws.chart.Gchart_busy) return;
     ws.settings.Zoom /= 2;
@@ -162,7 +157,7 @@ void PageOlder(Workstation& ws) {
 } // namespace
 
 void cmd_page_up_Click(Workstation& ws) {
-    remove_select_tool(ws);
+    station::ClearSelection(ws);
     RestartCountdown(ws);
     if (ws.fm_setup.ck_rotate_chart.checked())
         PageOlder(ws);
@@ -172,7 +167,7 @@ void cmd_page_up_Click(Workstation& ws) {
 }
 
 void cmd_page_down_Click(Workstation& ws) {
-    remove_select_tool(ws);
+    station::ClearSelection(ws);
     RestartCountdown(ws);
     if (ws.fm_setup.ck_rotate_chart.checked())
         PageNewer(ws, true);

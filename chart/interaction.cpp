@@ -6,6 +6,7 @@
 #include "chart/chart.h"
 #include "text/datetime.h"
 #include "text/numbers.h"
+#include "workstation/select_tool.h"
 #include "workstation/workstation.h"
 
 #include <algorithm>
@@ -107,7 +108,7 @@ void Slide(Workstation& ws, double dy) {
 void EndDrag(Workstation& ws, double Y, bool move) {
     auto& c = ws.chart;
     c.Dragging = false;
-    remove_select_tool(ws);
+    station::ClearSelection(ws);
     ws.fm_Gas_Chart.sel_type.setVisible(false);
     if (move && Y >= 1) c.ChartTopRecord += c.DragStartId - c.RowRecordId[Slot(Y)];
     c.ChartTopRecord = std::min(c.ChartTopRecord, c.LastRecord);
@@ -126,17 +127,13 @@ void Jump(Workstation& ws, double Y) {
     if (ws.settings.Flipped) f = 1 - f;
     c.ChartTopRecord = static_cast<int32_t>(text::Int((1 - f) * c.LastRecord));
     c.HourPointer = c.ChartTopRecord;
-    remove_select_tool(ws);
+    station::ClearSelection(ws);
     ws.fm_Gas_Chart.sel_type.setVisible(false);
     make_chart(ws);
 }
 
-void OpenGeoEdit(Workstation& ws, double X, double Y, int row) {
-    auto& c = ws.chart;
+void OpenGeoEdit(Workstation& ws, double Y, int row) {
     auto& fm = ws.fm_Gas_Chart;
-    const double height = c.graph ? c.graph->Height() : 0;
-    c.GeoEditLeft = X - 3300;
-    c.GeoEditTop = Y > height - 3000 ? Y - 3000 : Y;
     fm.Geo_edit.setVisible(true);
     fm.sel_type.setVisible(false);
     fm.Frame6.setVisible(false);
@@ -223,7 +220,7 @@ void graph_MouseUp(Workstation& ws, int Button, int Shift, double X, double Y) {
         fm.Geo_edit.setVisible(false);
         fm.sel_type.setVisible(false);
     } else if (Button == kRightButton) {
-        OpenGeoEdit(ws, X, Y, PointerRow(ws, Y));
+        OpenGeoEdit(ws, Y, PointerRow(ws, Y));
         Present(ws);
     }
 }
@@ -244,8 +241,6 @@ void graph_DblClick(Workstation& ws) {
     } else if (c.SelectEndX < 0) {
         c.SelectEndX = static_cast<int32_t>(std::lround(X));
         c.SelectEndY = Slot(std::clamp(Y, c.ChartTop, c.ChartBottom));
-        c.SelTypeLeft = X;
-        c.SelTypeTop = Y;
         ws.fm_Gas_Chart.sel_type.setVisible(true);
     }
     Present(ws);
@@ -254,7 +249,7 @@ void graph_DblClick(Workstation& ws) {
 void graph_KeyPress(Workstation& ws, int KeyAscii) {
     auto& c = ws.chart;
     if (KeyAscii != kEscape || c.Gchart_busy) return;
-    remove_select_tool(ws);
+    station::ClearSelection(ws);
     c.ChosenTextBox = 0;
     ws.fm_Gas_Chart.Geo_edit.setVisible(false);
     ws.fm_Gas_Chart.sel_type.setVisible(false);

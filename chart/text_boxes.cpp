@@ -3,6 +3,7 @@
 // A record holds one box; a new one on the same record replaces it.
 #include "chart/chart.h"
 #include "chart/interaction.h"
+#include "db/job_error.h"
 #include "text/numbers.h"
 #include "workstation/busy_guard.h"
 #include "workstation/messages.h"
@@ -65,8 +66,7 @@ bool WriteGasText(Workstation& ws, int32_t id, const QString& words) {
         return true;
     } catch (const std::exception& e) {
         ws.db.Gdb_error = true;
-        station::disply_text_alarms(ws, "Text Box Err: " + QString::fromStdString(e.what()) +
-                                            " Err pt: " + QString::number(point));
+        station::disply_text_alarms(ws, db::JobError("Text Box Err: ", e, point));
         return false;
     }
 }

@@ -8,6 +8,16 @@
 
 namespace platform {
 
+QPageLayout::Orientation PageTurnFor(const QImage& picture) {
+    return picture.width() > picture.height() ? QPageLayout::Landscape : QPageLayout::Portrait;
+}
+
+void DrawFitted(QPainter& painter, const QImage& picture) {
+    const QRect page = painter.viewport();
+    painter.drawImage(
+        QRect(page.topLeft(), picture.size().scaled(page.size(), Qt::KeepAspectRatio)), picture);
+}
+
 QString WriteImagePdf(const QImage& picture, const QString& path, const QString& title) {
     if (picture.isNull()) return QStringLiteral("There is no picture to print.");
     QSaveFile file(path);
@@ -17,18 +27,14 @@ QString WriteImagePdf(const QImage& picture, const QString& path, const QString&
         pdf.setTitle(title);
         pdf.setCreator(QStringLiteral("gaschart"));
         pdf.setResolution(300);
-        const auto turn =
-            picture.width() > picture.height() ? QPageLayout::Landscape : QPageLayout::Portrait;
-        pdf.setPageLayout(QPageLayout(QPageSize(QPageSize::Letter), turn, QMarginsF(12, 12, 12, 12),
-                                      QPageLayout::Millimeter));
+        pdf.setPageLayout(QPageLayout(QPageSize(QPageSize::Letter), PageTurnFor(picture),
+                                      QMarginsF(12, 12, 12, 12), QPageLayout::Millimeter));
         QPainter painter;
         if (!painter.begin(&pdf)) {
             file.cancelWriting();
             return QStringLiteral("The PDF file could not be started.");
         }
-        const QRect page = painter.viewport();
-        const QSize fit = picture.size().scaled(page.size(), Qt::KeepAspectRatio);
-        painter.drawImage(QRect(page.topLeft(), fit), picture);
+        DrawFitted(painter, picture);
         painter.end();
     }
     if (!file.commit()) return file.errorString();

@@ -1,5 +1,7 @@
 #include "ui/printer.h"
 
+#include "platform/pdf_page.h"
+
 #include <QPainter>
 #include <QPrinter>
 #include <QPrinterInfo>
@@ -10,16 +12,13 @@ station::PrintResult PrintOnDefaultPrinter(const QImage& picture) {
     const QPrinterInfo info = QPrinterInfo::defaultPrinter();
     if (info.isNull()) return {station::PrintResult::NoPrinter, {}};
     QPrinter printer(info, QPrinter::HighResolution);
-    printer.setPageOrientation(picture.width() > picture.height() ? QPageLayout::Landscape
-                                                                  : QPageLayout::Portrait);
+    printer.setPageOrientation(platform::PageTurnFor(picture));
     printer.setDocName(QStringLiteral("Printing Chart"));
     QPainter painter;
     if (!painter.begin(&printer))
         return {station::PrintResult::Failed,
                 QStringLiteral("The printer %1 could not be opened.").arg(info.printerName())};
-    const QRect page = painter.viewport();
-    painter.drawImage(
-        QRect(page.topLeft(), picture.size().scaled(page.size(), Qt::KeepAspectRatio)), picture);
+    platform::DrawFitted(painter, picture);
     if (!painter.end())
         return {station::PrintResult::Failed,
                 QStringLiteral("The page did not reach the printer %1.").arg(info.printerName())};

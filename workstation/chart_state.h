@@ -176,8 +176,7 @@ struct ChartState {
     // over the canvas (0 the default, 7 the up and down arrow); the last row
     // that held a record; the buttons held since the last press; a chart
     // drag under way and where it last was; the text box being placed and
-    // the one chosen for a change (0 none); where the boxes sel_type and
-    // Geo_edit open over the canvas.
+    // the one chosen for a change (0 none).
     station::FloatingLabel lbl_float{1, 1, false, QStringLiteral("PTR TME LBL"), {}, 0, 8};
     int MousePointer = 0;
     int LastGoodY = 0;
@@ -186,8 +185,6 @@ struct ChartState {
     double DragLastY = 0;
     int PlacingTextBox = 0;
     int ChosenTextBox = 0;
-    double SelTypeLeft = 0, SelTypeTop = 0;
-    double GeoEditLeft = 0, GeoEditTop = 0;
 
     // The canvas graph. The program puts an image canvas here, a test a
     // recording one; none means the chart is not drawn.

@@ -1,11 +1,9 @@
 // Printing a canvas: the page on the printer, the PDF offered where there is
 // no printer, and a failure told to the operator.
+#include "pdf_file.h"
 #include "test_station.h"
 #include "workstation/print_picture_box.h"
 
-#include <QFile>
-#include <QProcess>
-#include <QRegularExpression>
 #include <gtest/gtest.h>
 
 namespace {
@@ -19,13 +17,6 @@ QImage Picture() {
     return img;
 }
 
-QString RunTool(const QString& program, const QStringList& args) {
-    QProcess p;
-    p.start(program, args);
-    p.waitForFinished(30000);
-    return QString::fromUtf8(p.readAllStandardOutput());
-}
-
 } // namespace
 
 TEST(PrintPictureBox, WithoutAPrinterTheOperatorGetsOneLandscapePdfPageOfThePicture) {
@@ -36,14 +27,12 @@ TEST(PrintPictureBox, WithoutAPrinterTheOperatorGetsOneLandscapePdfPageOfThePict
     EXPECT_FALSE(b.ws.fm_help.form.visible());
     EXPECT_TRUE(b.ws.fm_help.txt_help.text().contains("PRINTING CHART"));
 
-    const QString info = RunTool("pdfinfo", {pdf});
-    EXPECT_TRUE(info.contains(QRegularExpression("Pages:\\s+1\\n"))) << info.toStdString();
+    const testkit::PdfFile f = testkit::ReadPdf(pdf, 20);
+    EXPECT_EQ(f.pages, 1) << f.info.toStdString();
     // Letter turned sideways: 792 x 612 points.
-    EXPECT_TRUE(info.contains("792 x 612")) << info.toStdString();
+    EXPECT_TRUE(f.info.contains("792 x 612")) << f.info.toStdString();
     // The page rendered back: red where the block is, white right of it.
-    const QString png = b.folder.file("page");
-    RunTool("pdftoppm", {"-r", "20", "-png", "-singlefile", pdf, png});
-    const QImage page(png + ".png");
+    const QImage& page = f.page;
     ASSERT_FALSE(page.isNull());
     const auto at = [&](double fx, double fy) {
         return QColor(page.pixel(int(page.width() * fx), int(page.height() * fy)));
@@ -73,10 +62,7 @@ TEST(PrintPictureBox, ACancelledPdfOrAFailedPrinterIsToldAndTheBoxClosed) {
             ++calls;
             return station::PrintResult{c.printer, "jammed"};
         };
-        if (!c.file.isEmpty())
-            b.dialogs.files.push_back(c.file);
-        else
-            b.dialogs.files.push_back({});
+        b.dialogs.files.push_back(c.file);
         EXPECT_FALSE(station::PrintPictureBox(b.ws, Picture()));
         EXPECT_EQ(calls, 1);
         EXPECT_FALSE(b.ws.fm_help.form.visible());
