@@ -4,7 +4,6 @@
 
 #include "acquisition/live_fields.h"
 #include "acquisition/parser.h"
-#include "acquisition/viewer.h"
 #include "workstation/help_box.h"
 
 #include <QFileInfo>
@@ -203,17 +202,6 @@ TEST_F(LiveFields, EachBoxIsCutToItsBoundAndTheEmptyTextClearsTheTwoThatAddLines
         EXPECT_EQ(b.box.text().isEmpty(), b.emptyClears) << b.tail;
     }
     EXPECT_EQ(errLog().size(), 3); // two lines: the empty text logs nothing
-}
-
-TEST_F(LiveFields, ClosingTheInfoBoxOrTheViewerOnlyHidesIt) {
-    ws.fm_help.form.setVisible(true);
-    ws.more_data.form.setVisible(true);
-    ws.more_data.lbl_GasUnits.setCaption("12.5");
-    EXPECT_TRUE(station::fm_help_QueryUnload(ws));
-    EXPECT_TRUE(acq::more_data_QueryUnload(ws));
-    EXPECT_FALSE(ws.fm_help.form.visible());
-    EXPECT_FALSE(ws.more_data.form.visible());
-    EXPECT_EQ(ws.more_data.lbl_GasUnits.caption(), "12.5");
 }
 
 TEST_F(LiveFields, ALogWhoseFolderIsGoneIsPassedOver) {
