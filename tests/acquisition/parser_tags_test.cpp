@@ -60,15 +60,6 @@ TEST_F(ParserTags, UptimeWaitsForItsCrAndItsCutTakesOneCharacterPastIt) {
     EXPECT_NE(field(0), "SN5");
 }
 
-TEST_F(ParserTags, TwoWayAndOutputOnlySetTheSecureButton) {
-    auto& b = ws.fm_setup.cmd_secure;
-    parse("[TWO WAY]\r\n");
-    EXPECT_EQ(look(b), look("Two Way Active", forms::color::Green));
-    parse("[OUTPUT ONLY]\r\nrest");
-    EXPECT_EQ(look(b), look("Two Way Inactive", forms::color::Red));
-    EXPECT_EQ(buffer(), "rest");
-}
-
 TEST_F(ParserTags, RepliesFillTheirSetupBoxesAndTakeTheWholeBuffer) {
     auto& d = ws.fm_setup.txt_data;
     for (auto& box : d) box.setText("-");

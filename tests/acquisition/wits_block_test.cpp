@@ -55,19 +55,6 @@ TEST_F(WitsBlock, TheListShowsEveryItemAndTheBitDepthLabelFollows0108) {
     EXPECT_DOUBLE_EQ(ws.wits.Gwits_values[0], 1300);
 }
 
-TEST_F(WitsBlock, ABlockMarksTheStreamAliveAndFreshValuesDriveThePumpButton) {
-    ws.wits.Gwits_alive = 0;
-    ws.wits.Gspm = 87.6;
-    parse(Block({"012340"}) + "tail");
-    EXPECT_EQ(ws.wits.Gwits_alive, 60);
-    EXPECT_EQ(look(ws.fm_Gas_Chart.cmd_pumps), look("88 SPM", forms::color::Green));
-    EXPECT_EQ(buffer(), "\ntail");
-
-    ws.wits.Gspm = 0;
-    parse(Block({"01230"}));
-    EXPECT_EQ(look(ws.fm_Gas_Chart.cmd_pumps), look("Pumps Off", forms::color::Red));
-}
-
 TEST_F(WitsBlock, AShortBlockLosesItsLineButTheFieldCountIsOverTheWholeBuffer) {
     ws.wits.Gwits_alive = 0;
     parse("^1,2,3\r\nX");
