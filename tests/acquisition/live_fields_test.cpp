@@ -46,7 +46,9 @@ TEST_F(LiveFields, AChangedAlarmFieldIsLoggedOnceWithAllItsNumbers) {
         EXPECT_EQ(ws.packet.Glast_alarm_text, s.alarm);
         const QStringList log = errLog().mid(0, errLog().size() - 1);
         EXPECT_EQ(log.size(), s.lines) << s.alarm;
-        if (s.last) EXPECT_EQ(log.last(), s.last);
+        if (s.last) {
+            EXPECT_EQ(log.last(), s.last);
+        }
     }
 }
 

@@ -25,8 +25,11 @@ TEST_F(WitsFile, TheShippedFileNamesEveryStandardCodeOfTheRoleTable) {
     wits::LoadWitsFile(ws);
     // The 63xx codes are a rig's own and read "Unknown".
     for (const auto& role : wits::WitsRoleTable())
-        for (int code : role.codes)
-            if (code != 0) EXPECT_EQ(name(code) == "Unknown", code >= 6300) << code;
+        for (int code : role.codes) {
+            if (code != 0) {
+                EXPECT_EQ(name(code) == "Unknown", code >= 6300) << code;
+            }
+        }
     EXPECT_FALSE(folder.exists("COMMAND_LOG.TXT"));
 }
 
