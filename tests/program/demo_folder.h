@@ -5,15 +5,12 @@
 // words the program saves of its screens.
 
 #include "program_folder.h"
-#include "raw_db.h"
 
 #include <QByteArray>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QMap>
-#include <QProcess>
-#include <set>
 
 namespace programtest {
 
@@ -31,25 +28,6 @@ inline QString MakeDemoFolder(const testkit::ProgramFolder& folder, quint16 port
     config.write("[TCP IP] 127.0.0.1\r\n[TCP PORT] " + QByteArray::number(port) +
                  "\r\n[USE TCP]\r\n[USE ETHERNET]\r\n" + settings);
     return job;
-}
-
-// Starts the folder's gaschart on the given Qt platform, saving its screens
-// to pictures/; false when it did not start.
-inline bool StartProgram(QProcess& program, const testkit::ProgramFolder& folder,
-                         const QString& platform = "offscreen") {
-    QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
-    env.insert("QT_QPA_PLATFORM", platform);
-    program.setProcessEnvironment(env);
-    program.setProcessChannelMode(QProcess::ForwardedChannels);
-    program.start(folder.file("gaschart"), {"--pictures", folder.file("pictures")});
-    return program.waitForStarted(10000);
-}
-
-// Packet numbers from first on stored in the job, read as another program
-// would read them while the workstation writes.
-inline std::set<long> StoredFrom(const QString& job, long first) {
-    return testkit::RawDb(job, testkit::RawDb::Access::ReadOnly)
-        .numbers(QString("SELECT PACKET_NUM FROM OMBRI_DB_010 WHERE PACKET_NUM >= %1").arg(first));
 }
 
 // "window.control" -> the words it shows, as the program last saved them.

@@ -20,7 +20,9 @@ namespace {
 constexpr long kFirstPacket = 800000;
 
 std::set<long> Stored(const QString& job) {
-    return programtest::StoredFrom(job, kFirstPacket);
+    return testkit::RawDb(job, testkit::RawDb::Access::ReadOnly)
+        .numbers(QString("SELECT PACKET_NUM FROM OMBRI_DB_010 WHERE PACKET_NUM >= %1")
+                     .arg(kFirstPacket));
 }
 
 bool LimitFileSize(qint64 pid, rlim_t bytes) {
@@ -40,10 +42,15 @@ TEST(ProgramFaults, AFullDiskIsToldOnceTheLinkGoesOnAndRowsComeInAgainWhenThereI
                            QString::number(kFirstPacket)}));
     const QString pictures = folder.file("pictures");
     QProcess program;
+    QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+    env.insert("QT_QPA_PLATFORM", "offscreen");
+    program.setProcessEnvironment(env);
+    program.setProcessChannelMode(QProcess::ForwardedChannels);
     // Past the limit a write fails with an error instead of ending the
     // program, as on a disk that is full.
     program.setChildProcessModifier([] { std::signal(SIGXFSZ, SIG_IGN); });
-    ASSERT_TRUE(programtest::StartProgram(program, folder));
+    program.start(folder.file("gaschart"), {"--pictures", pictures});
+    ASSERT_TRUE(program.waitForStarted(10000));
     struct Stop {
         QProcess& p;
         ~Stop() {

@@ -29,8 +29,12 @@ const char* const kPictures[] = {
     "fm_setup_4_Lag",    "fm_setup_5_WITS",  "fm_setup_6_Statistics",
 };
 
+// Packet numbers from the simulator stored in the job, read as another
+// program would read them while the workstation writes.
 std::set<long> StoredFromSimulator(const QString& job) {
-    return programtest::StoredFrom(job, kFirstPacket);
+    return testkit::RawDb(job, testkit::RawDb::Access::ReadOnly)
+        .numbers(QString("SELECT PACKET_NUM FROM OMBRI_DB_010 WHERE PACKET_NUM >= %1")
+                     .arg(kFirstPacket));
 }
 
 // A picture of a screen, not an empty window: more than a handful of
@@ -66,8 +70,12 @@ TEST(Program, RunsOnTheDemoJobWithTheSimulatorShowsLiveFieldsAndClosesCleanlyWhe
     screen.close();
     const QString pictures = folder.file("pictures");
     QProcess program;
-    ASSERT_TRUE(
-        programtest::StartProgram(program, folder, "offscreen:configfile=" + screen.fileName()));
+    QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+    env.insert("QT_QPA_PLATFORM", "offscreen:configfile=" + screen.fileName());
+    program.setProcessEnvironment(env);
+    program.setProcessChannelMode(QProcess::ForwardedChannels);
+    program.start(folder.file("gaschart"), {"--pictures", pictures});
+    ASSERT_TRUE(program.waitForStarted(10000));
 
     // Live fields: the viewer shows the simulator's packets, the link button
     // says connected, the message box has its start-up lines.
