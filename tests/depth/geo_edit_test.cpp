@@ -31,8 +31,6 @@ TEST_F(GeoEdit, TicksAndStopsGoOnAndComeOffOneRecord) {
          "DEPTH", plain},
         {"a stop", [](GeoJob& j) { j.click(&depth::cmd_add_foot_tick_Click, 1, 6); }, "CGTESTNUM",
          "1.0 1.0 1.0 1.0 1.0 -1.0 1.0 1.0"},
-        {"not at the first record",
-         [](GeoJob& j) { j.click(&depth::cmd_add_foot_tick_Click, 0, 1); }, "DEPTH", plain},
         {"not at the newest", [](GeoJob& j) { j.click(&depth::cmd_add_foot_tick_Click, 0, 8); },
          "DEPTH", plain},
         {"the nearest tick comes off",
@@ -153,7 +151,6 @@ TEST_F(GeoEdit, RestoreAfterEditsGivesTheRawDepthBack) {
     depth::cmd_restore_all_geo_Click(ws);
     EXPECT_EQ(column("DEPTH"), raw);
     EXPECT_EQ(dialogs.boxes.back().title, "RESTORE DEPTH MARKS?");
-    EXPECT_FALSE(ws.fm_help.form.visible());
 }
 
 TEST_F(GeoEdit, FeetAddedBetweenChangesSurviveARestore) {
@@ -173,10 +170,10 @@ TEST_F(GeoEdit, FeetAddedBetweenChangesSurviveARestore) {
     EXPECT_EQ(d[1408], "104.0") << "the long foot stays as it was";
     EXPECT_EQ(column("DEPTH_RAW").split(' ').mid(0, 8), d.mid(0, 8));
     EXPECT_EQ(column("BIT_DEPTH").split(' ')[2], "100.5");
-    // Four records took 24 s for the foot: 0.4 minutes, 150 ft an hour.
-    EXPECT_EQ(column("MIN_FT").split(' ')[1], "0.4");
+    // Four records took 24 s for the foot: 0.4 minutes, 150 ft an hour; the
+    // first of a run is not written.
+    EXPECT_EQ(column("MIN_FT").split(' ').mid(0, 2), (QStringList{"2.0", "0.4"}));
     EXPECT_EQ(column("FT_HR").split(' ')[1], "150.0");
-    EXPECT_EQ(column("MIN_FT").split(' ')[0], "2.0") << "the first of a run is not written";
 }
 
 TEST_F(GeoEdit, GasMarkedBadStacksAndGoodTakesEveryMarkOff) {
@@ -186,10 +183,8 @@ TEST_F(GeoEdit, GasMarkedBadStacksAndGoodTakesEveryMarkOff) {
     select(19, 2);
     depth::cmd_Mark_GU_Click(ws, 1);
     const QStringList bad = column("ERR_TXT").split(' ');
-    EXPECT_EQ(bad[0], "'0'");
-    EXPECT_EQ(bad[1], "'**0'");
-    EXPECT_EQ(bad[12], "'**0'");
-    EXPECT_EQ(bad[13], "'0'") << "the last records of a selection are left";
+    EXPECT_EQ(bad.mid(0, 2), (QStringList{"'0'", "'**0'"}));
+    EXPECT_EQ(bad.mid(12, 2), (QStringList{"'**0'", "'0'"})) << "the last of a selection are left";
     select(2, 19);
     depth::cmd_Mark_GU_Click(ws, 0);
     EXPECT_EQ(column("ERR_TXT").count('*'), 0);
@@ -198,7 +193,7 @@ TEST_F(GeoEdit, GasMarkedBadStacksAndGoodTakesEveryMarkOff) {
 
 TEST_F(GeoEdit, RefusalsChangeNothing) {
     // The stretch commands share their selection check and every command
-    // its busy check (geo::Run): one case each stands for all of them.
+    // its busy check: one case each stands for all of them.
     struct Case {
         const char* name;
         std::function<void(GeoJob&)> arrange;
@@ -210,13 +205,6 @@ TEST_F(GeoEdit, RefusalsChangeNothing) {
     const Case cases[] = {
         {"delete ticks, no selection", none,
          [](GeoJob& j) { depth::cmd_del_sel_ticks_Click(j.station()); }},
-        {"mark, an empty row",
-         [](GeoJob& j) {
-             j.select(3, 30);
-             j.rowAt(kEndRow, 0);
-         },
-         bad},
-        {"tick, no level line", none, tick},
         {"tick, line not level",
          [](GeoJob& j) {
              j.level(10);

@@ -1,7 +1,7 @@
-// Job files that are not what they should be, opened and written as the
-// program does: each gives the system's message, and neither the open nor
-// the live writer changes a byte of a file it can't use or a row of one it
-// can.
+// Job files that are not what they should be and a job held from outside,
+// opened and written as the program does: each gives the
+// system's message, and neither the open nor the live writer changes a byte
+// of a file it can't use or a row of one it can.
 #include "station.h"
 
 #include <QFile>
@@ -9,6 +9,7 @@
 #include <QProcess>
 #include <functional>
 #include <gtest/gtest.h>
+#include <optional>
 #include <unistd.h>
 
 using storetest::InsertPackets;
@@ -25,19 +26,18 @@ QByteArray Bytes(const QString& path) {
 // A job of n rows, its log folded into the file, so that the file alone is
 // the whole job.
 void FoldedJob(const QString& job, int n) {
-    std::vector<int> p(n);
-    for (int i = 0; i < n; ++i) p[i] = i + 1;
-    InsertPackets(job, p);
+    storetest::MakeJob(job);
+    InsertPackets(job, storetest::Packets(n));
     RawDb(job).exec("PRAGMA wal_checkpoint(TRUNCATE)");
 }
 
 struct BadFile {
     const char* what;
     std::function<void(const QString& job)> make;
-    // What the open says once the user has refused the conversion (or
-    // when no question is asked).
+    // The answer to the conversion question, when it is asked.
+    std::optional<platform::Answer> convert;
+    // What the open says (empty: no error at all).
     QString openSays;
-    bool asks; // the conversion question comes first
     QString writeSays;
     // Whether the file may not change at all (a file the program can't
     // use); otherwise the rows 1 .. kept must come through as they were.
@@ -51,28 +51,27 @@ TEST(BadJob, EachBadFileIsNamedByTheOpenAndTheWriterAndNothingInItIsLost) {
     const BadFile cases[] = {
         {"truncated",
          [](const QString& job) {
-             storetest::MakeJob(job);
              FoldedJob(job, 4000);
              QFile f(job);
              f.resize(f.size() / 2);
          },
-         "Open DB Err: The data base file is damaged", true, "DB Write Err: ", true, 0},
-        {"no record table",
+         platform::Answer::No, "Open DB Err: The data base file is damaged", "DB Write Err: ", true,
+         0},
+        {"no data base at all",
          [](const QString& job) {
-             storetest::MakeJob(job);
-             FoldedJob(job, 3);
-             RawDb(job).exec("DROP TABLE OMBRI_DB_010");
+             QFile f(job);
+             f.open(QIODevice::WriteOnly);
+             f.write("This is the mud report, not a job.\r\n" + QByteArray(5000, '-'));
          },
-         "Open DB Err: No table or query named no such table: OMBRI_DB_010 Err pt: 6", true,
-         "DB Write Err: No table or query named no such table: OMBRI_DB_010 3078  Err point: 0",
-         true, 0},
+         // Yes: the conversion can't read it either, and leaves nothing.
+         platform::Answer::Yes, "Open DB Err: The file is not a data base '",
+         "DB Write Err: The file is not a data base", true, 0},
         {"a column missing",
          [](const QString& job) {
-             storetest::MakeJob(job);
              FoldedJob(job, 3);
              RawDb(job).exec("ALTER TABLE OMBRI_DB_010 DROP COLUMN GAS_UNITS");
          },
-         "", false, "DB Write Err: Item not found in this collection: ", false, 3},
+         std::nullopt, "", "DB Write Err: Item not found in this collection: ", false, 3},
     };
     for (const BadFile& c : cases) {
         SCOPED_TRACE(c.what);
@@ -82,8 +81,9 @@ TEST(BadJob, EachBadFileIsNamedByTheOpenAndTheWriterAndNothingInItIsLost) {
         const QByteArray before = Bytes(s.job);
         const QString rowsBefore = c.kept ? RawDb(s.job).packets() : QString();
 
+        if (c.convert) s.dialogs.answers.push_back(*c.convert);
         s.open();
-        EXPECT_EQ(s.dialogs.boxes.size(), c.asks ? 1u : 0u);
+        EXPECT_EQ(s.dialogs.boxes.size(), c.convert ? 1u : 0u);
         if (c.openSays.isEmpty())
             EXPECT_FALSE(s.messages().join('|').contains("Err"))
                 << s.messages().join('|').toStdString();
@@ -91,12 +91,16 @@ TEST(BadJob, EachBadFileIsNamedByTheOpenAndTheWriterAndNothingInItIsLost) {
             EXPECT_TRUE(s.messages().filter(c.openSays).size() >= 1)
                 << s.messages().join('|').toStdString();
         EXPECT_TRUE(s.folder.read("ERR_LOG.TXT").contains(c.openSays));
+        EXPECT_FALSE(QFile::exists(s.job + ".new") || QFile::exists(s.job + ".old"));
 
         // The live writer says why its row was lost, and raises the flag the
         // error timer serves.
         s.save(10);
         EXPECT_TRUE(s.lastMessage().startsWith(c.writeSays)) << s.lastMessage().toStdString();
         EXPECT_TRUE(s.ws.db.Gdb_error);
+        // The error timer's reopen and the chart after it go on quietly.
+        s.ws.db.Gdb_error = false;
+        store::PrimeLastRecord(s.ws);
         if (c.untouched) {
             EXPECT_EQ(Bytes(s.job), before);
             EXPECT_FALSE(QFile::exists(s.job + "-wal") && QFileInfo(s.job + "-wal").size() > 0);
@@ -104,12 +108,6 @@ TEST(BadJob, EachBadFileIsNamedByTheOpenAndTheWriterAndNothingInItIsLost) {
             RawDb raw(s.job);
             EXPECT_EQ(raw.integrity(), "ok");
             EXPECT_EQ(raw.packets(), rowsBefore);
-        }
-        // The error timer's reopen and the chart after it go on quietly.
-        s.ws.db.Gdb_error = false;
-        store::PrimeLastRecord(s.ws);
-        if (c.untouched) {
-            EXPECT_EQ(Bytes(s.job), before);
         }
     }
 }
@@ -126,18 +124,23 @@ Hold Undo(std::function<void()> undo) {
     });
 }
 
-// The folder of the job closed to new files, for the super-user too: its
-// immutable attribute.
-Hold ReadOnlyFolder(const QString& job) {
-    const QString dir = QFileInfo(job).path();
+// A file or folder closed to writes, for the super-user too: its immutable
+// attribute.
+Hold ReadOnly(const QString& path) {
     if (geteuid() == 0) {
-        if (QProcess::execute("chattr", {"+i", dir}) != 0) return nullptr;
-        return Undo([dir] { QProcess::execute("chattr", {"-i", dir}); });
+        if (QProcess::execute("chattr", {"+i", path}) != 0) return nullptr;
+        return Undo([path] { QProcess::execute("chattr", {"-i", path}); });
     }
-    QFile::setPermissions(dir, QFile::ReadOwner | QFile::ExeOwner);
-    return Undo([dir] {
-        QFile::setPermissions(dir, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    QFile::setPermissions(path, QFile::ReadOwner | QFile::ExeOwner);
+    return Undo([path] {
+        QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     });
+}
+Hold ReadOnlyFolder(const QString& job) {
+    return ReadOnly(QFileInfo(job).path());
+}
+Hold ReadOnlyFile(const QString& job) {
+    return ReadOnly(job);
 }
 
 // The SQLite shell inside a write transaction of its own (readers go on, a
@@ -175,6 +178,8 @@ TEST(BadJob, AGoodJobHeldFromOutsideIsReadWhereItCanBeAndStoresAgainOnceFreed) {
     const GoodJobHeld cases[] = {
         {"read-only folder", ReadOnlyFolder, false, "Open DB Err: Could not find or open the file",
          "DB Write Err: Could not find or open", false},
+        {"read-only file", ReadOnlyFile, true, "", "DB Write Err: The data base is read-only",
+         false},
         {"another program writing", ShellWriting, true, "",
          "DB Write Err: The data base is locked by another program", true},
     };

