@@ -122,7 +122,7 @@ TEST_F(Conditions, UntickingASwitchClearsTheBoxExceptWhileStartingUp) {
         ws.alarms.alarmMonitorText = "High Gas Units Alarm";
         (ws.fm_setup.*c.sw).setChecked(false);
         c.click(ws);
-        EXPECT_EQ(box().text(), "") << (ws.fm_setup.*c.sw).name();
+        EXPECT_EQ(box().text(), "") << (ws.fm_setup.*c.sw).name().toStdString();
         EXPECT_TRUE(ws.alarms.alarmMonitorText.isEmpty());
     }
     // While the configuration is read, the handlers leave the box alone.

@@ -94,6 +94,14 @@ class ChroTest : public ::testing::Test {
     }
 
     const chromatograph::CgRun& run() const { return ws.chro.run; }
+    // Run 2 (40 records, a whole run) on show, reported by run 3.
+    void loadWhole() {
+        write({{1, 40}, {2, 40}, {3, 10}, {4, 40}});
+        select(5, 20);
+        chromatograph::cmd_view_cg_Click(ws);
+    }
+    // X of the pointer over sample i.
+    double pointerX(int i) const { return 300 + (i + 0.5) * 4100.0 / run().CgCount; }
 };
 
 } // namespace chrotest

@@ -20,14 +20,6 @@ class PanelTest : public ChroTest {
             return true;
         };
     }
-    // Run 2 (40 records, a whole run) on show, reported by run 3.
-    void loadWhole() {
-        write({{1, 40}, {2, 40}, {3, 10}, {4, 40}});
-        select(5, 20);
-        cmd_view_cg_Click(ws);
-    }
-    // X of the pointer over sample i.
-    double X(int i) const { return 300 + (i + 0.5) * 4100.0 / run().CgCount; }
     // The distinct C1 values of a run's records, as the engine prints them.
     QString c1Of(int test) const {
         return testkit::RawDb(st.job, testkit::RawDb::Access::ReadOnly)
@@ -37,7 +29,7 @@ class PanelTest : public ChroTest {
     }
 };
 
-TEST_F(PanelTest, DoubleClickTeachesThePeakTimeWithTheInstrumentsAllowance) {
+TEST_F(PanelTest, AChosenPeakIsTaughtWithTheInstrumentsAllowanceOrLapses) {
     loadWhole();
     struct Case {
         int button; // 0 = C1 .. 6 = NC5
@@ -55,7 +47,7 @@ TEST_F(PanelTest, DoubleClickTeachesThePeakTimeWithTheInstrumentsAllowance) {
         SCOPED_TRACE(c.command.toStdString());
         sent.clear();
         cmd_set_Click(ws, c.button);
-        pb_chro_MouseMove(ws, X(c.sample), 3000, false);
+        pb_chro_MouseMove(ws, pointerX(c.sample), 3000, false);
         EXPECT_EQ(ws.fm_chro.lbl_cg_time.caption(), QString::number(6 * c.sample));
         EXPECT_TRUE(ws.chro.ln_V.Visible);
         pb_chro_DblClick(ws);
@@ -72,17 +64,14 @@ TEST_F(PanelTest, DoubleClickTeachesThePeakTimeWithTheInstrumentsAllowance) {
     sent.clear();
     pb_chro_DblClick(ws);
     EXPECT_TRUE(sent.isEmpty());
-    pb_chro_MouseMove(ws, X(10), 5000, true);
+    pb_chro_MouseMove(ws, pointerX(10), 5000, true);
     EXPECT_EQ(ws.chro.CgZeroY, 5000);
     // Outside the trace the pointer moves nothing.
-    cmd_set_Click(ws, 0);
+    cmd_set_Click(ws, 2);
     pb_chro_MouseMove(ws, 4450, 3000, false);
     EXPECT_FALSE(ws.chro.ln_V.Visible);
-}
 
-TEST_F(PanelTest, ChosenPeakFlashesAndLapsesByItself) {
-    loadWhole();
-    cmd_set_Click(ws, 2);
+    // Not double clicked, the choice lapses by itself.
     for (int tick = 0; tick < 299; ++tick) fm_chro_Timer2_Timer(ws);
     EXPECT_EQ(ws.chro.PeakToSet, 3) << "still waiting on the last tick but one";
     fm_chro_Timer2_Timer(ws);

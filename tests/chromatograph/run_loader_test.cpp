@@ -9,61 +9,44 @@ using namespace chromatograph;
 // run 4 at 90-119, still being sampled when the table ends.
 const std::vector<RunSpec> kJob = {{1, 40}, {2, 40}, {3, 10}, {4, 30}};
 
-struct Expect {
-    int32_t first, last, count;
-    double testNum;
-    bool endOfData;
-};
-
-struct NavCase {
-    const char* name;
-    std::function<void(ChroTest&)> act;
-    Expect expect;
-};
-
 class RunLoaderTest : public ChroTest {};
 
 TEST_F(RunLoaderTest, FindsTheRunFromTheChartAndStepsThroughTheTable) {
     write(kJob);
-    auto view = [](int32_t a, int32_t b) {
-        return [a, b](ChroTest& t) {
-            t.select(a, b);
-            cmd_view_cg_Click(t.ws);
-        };
+    struct Case {
+        const char* name;
+        int32_t id1, id2; // the chart's selection
+        std::vector<void (*)(Workstation&)> then;
+        int32_t first, last, count;
+        double testNum;
+        bool endOfData;
     };
-    auto then = [](std::function<void(ChroTest&)> first, void (*step)(Workstation&)) {
-        return [first, step](ChroTest& t) {
-            first(t);
-            step(t.ws);
-        };
-    };
-    const NavCase cases[] = {
+    const Case cases[] = {
         // Inside run 1: the walk goes out to the change and shows run 2,
         // whose samples run from its second record to the first of run 3.
-        {"selection inside a run", view(5, 20), {40, 79, 39, 2, false}},
-        {"selection ends either way round", view(20, 5), {40, 79, 39, 2, false}},
+        {"selection inside a run", 5, 20, {}, 40, 79, 39, 2, false},
+        {"selection ends either way round", 20, 5, {}, 40, 79, 39, 2, false},
         // The newest run is cut by the end of the table.
-        {"run cut by the end", view(85, 88), {90, 119, 28, 4, true}},
-        {"next", then(view(5, 20), get_next_cg), {80, 89, 9, 3, false}},
+        {"run cut by the end", 85, 88, {}, 90, 119, 28, 4, true},
+        {"next", 5, 20, {get_next_cg}, 80, 89, 9, 3, false},
         // Past the newest whole run the run on show stays, marked.
-        {"next past the newest",
-         then(then(view(5, 20), get_next_cg), get_next_cg),
-         {80, 89, 9, 3, true}},
-        {"previous", then(view(45, 60), get_previous_cg), {40, 79, 39, 2, false}},
+        {"next past the newest", 5, 20, {get_next_cg, get_next_cg}, 80, 89, 9, 3, true},
+        {"previous", 45, 60, {get_previous_cg}, 40, 79, 39, 2, false},
         // Run 1 begins at the first record: its start cannot be known.
-        {"previous before the first", then(view(5, 20), get_previous_cg), {40, 79, 39, 2, true}},
+        {"previous before the first", 5, 20, {get_previous_cg}, 40, 79, 39, 2, true},
     };
-    for (const NavCase& c : cases) {
+    for (const Case& c : cases) {
         SCOPED_TRACE(c.name);
         ws.chro.run = CgRun{};
-        c.act(*this);
-        EXPECT_EQ(run().CgFirstRecord, c.expect.first);
-        EXPECT_EQ(run().CgLastRecord, c.expect.last);
-        EXPECT_EQ(run().CgCount, c.expect.count);
-        EXPECT_EQ(run().CgTestNum, c.expect.testNum);
-        EXPECT_EQ(run().CgEndOfData, c.expect.endOfData);
+        select(c.id1, c.id2);
+        cmd_view_cg_Click(ws);
+        for (auto step : c.then) step(ws);
+        EXPECT_EQ(run().CgFirstRecord, c.first);
+        EXPECT_EQ(run().CgLastRecord, c.last);
+        EXPECT_EQ(run().CgCount, c.count);
+        EXPECT_EQ(run().CgTestNum, c.testNum);
+        EXPECT_EQ(run().CgEndOfData, c.endOfData);
         EXPECT_FALSE(ws.chart.Gchart_drawing);
-        EXPECT_FALSE(ws.fm_Gas_Chart.ln_selecter.visible());
     }
 }
 

@@ -70,6 +70,7 @@ TEST_F(Transmit, APacketMakesAFrameOnlyWithLocalWitsOnAndAlive) {
     };
     const Case cases[] = {{false, 60, false}, {true, 0, false}, {true, 1, true}};
     ws.wits.Gwits_values[1] = 5123.5;
+    ws.wits.WITS_min_ft = 2.5;
     for (const Case& c : cases) {
         ws.fm_WITS.ck_Use_Local_WITS.setChecked(c.local);
         ws.wits.Gwits_alive = c.alive;
@@ -78,8 +79,12 @@ TEST_F(Transmit, APacketMakesAFrameOnlyWithLocalWitsOnAndAlive) {
         acq::Parse_Ombri_String(ws);
         SCOPED_TRACE(testing::Message() << c.local << " " << c.alive);
         EXPECT_EQ(ws.wits.WITS_out_frame.contains("\r\n014077.7\r\n"), c.frame);
-        // The packet takes its depth from the local stream while it lives.
+        // The packet takes its depth and rate from the local stream while it
+        // lives.
         EXPECT_EQ(ws.packet.Gombri_data_array[DEPTH], c.frame ? "5123.5" : "5000");
+        if (c.frame) {
+            EXPECT_EQ(ws.packet.Gombri_data_array[MINFT], "2.5");
+        }
     }
 }
 
