@@ -8,11 +8,6 @@
 #include "workstation/workstation.h"
 
 #include <gtest/gtest.h>
-#include <ostream>
-
-inline std::ostream& operator<<(std::ostream& os, const QString& s) {
-    return os << s.toStdString();
-}
 
 namespace alarmtest {
 

@@ -57,37 +57,30 @@ class ChroTest : public ::testing::Test {
     void write(const std::vector<RunSpec>& runs) {
         testkit::RawDb raw(st.job);
         raw.exec("BEGIN");
-        sqlite3_stmt* ins = nullptr;
-        sqlite3_prepare_v2(raw.handle(),
-                           "INSERT INTO OMBRI_DB_010 (ID, PACKET_NUM, SERIAL_NUM, DATE_TXT, "
-                           "TIME_TXT, DT, DEPTH, BIT_DEPTH, GAS_UNITS, LAG_GU, CGTESTNUM, CGV, "
-                           "CHROM_VAC, C1, C2, C3, IC4, NC4, IC5, NC5) VALUES "
-                           "(?1, ?1, 'KW1042', ?2, ?3, ?4, -4500, 0, ?5, 4480, ?6, ?7, ?8, "
-                           "?9, ?10, ?11, ?12, ?13, ?14, ?15)",
-                           -1, &ins, nullptr);
         for (const RunSpec& run : runs) {
-            const std::array<double, 7> gas = ReportedGas(run.testNum);
+            QStringList gas;
+            for (double g : ReportedGas(run.testNum)) gas << QString::number(g);
             for (int k = 0; k < run.records; ++k) {
-                const QDateTime at = start.addSecs(6LL * written);
-                ++written;
-                sqlite3_bind_int(ins, 1, written);
-                auto text = [&](int n, const QString& s) {
-                    sqlite3_bind_text(ins, n, s.toUtf8().constData(), -1, SQLITE_TRANSIENT);
-                };
-                text(2, at.toString("MM/dd/yyyy"));
-                text(3, at.toString("HH:mm:ss"));
-                text(4, at.toString("yyyy-MM-dd HH:mm:ss"));
-                sqlite3_bind_double(ins, 5, 100 + run.testNum);
-                sqlite3_bind_double(ins, 6, run.testNum);
-                sqlite3_bind_double(ins, 7, run.cgv ? run.cgv(k) : 1.1);
+                const QDateTime at = start.addSecs(6LL * written++);
                 // Pressure and column temperature in turns.
-                sqlite3_bind_double(ins, 8, written % 2 ? 760 : 10000 + 61.25);
-                for (int g = 0; g < 7; ++g) sqlite3_bind_double(ins, 9 + g, gas[g]);
-                EXPECT_EQ(sqlite3_step(ins), SQLITE_DONE);
-                sqlite3_reset(ins);
+                const double vac = written % 2 ? 760 : 10000 + 61.25;
+                const double cgv = run.cgv ? run.cgv(k) : 1.1;
+                EXPECT_EQ(raw.exec(QString("INSERT INTO OMBRI_DB_010 (ID, PACKET_NUM, SERIAL_NUM, "
+                                           "DATE_TXT, TIME_TXT, DT, DEPTH, BIT_DEPTH, GAS_UNITS, "
+                                           "LAG_GU, CGTESTNUM, CGV, CHROM_VAC, C1, C2, C3, IC4, "
+                                           "NC4, IC5, NC5) VALUES (%1, %1, 'KW1042', '%2', '%3', "
+                                           "'%4', -4500, 0, %5, 4480, %6, %7, %8, %9)")
+                                       .arg(written)
+                                       .arg(at.toString("MM/dd/yyyy"), at.toString("HH:mm:ss"),
+                                            at.toString("yyyy-MM-dd HH:mm:ss"))
+                                       .arg(100 + run.testNum)
+                                       .arg(run.testNum)
+                                       .arg(cgv, 0, 'g', 17)
+                                       .arg(vac)
+                                       .arg(gas.join(", "))),
+                          SQLITE_OK);
             }
         }
-        sqlite3_finalize(ins);
         raw.exec("COMMIT");
         store::PrimeLastRecord(ws);
     }
@@ -101,13 +94,14 @@ class ChroTest : public ::testing::Test {
     }
 
     const chromatograph::CgRun& run() const { return ws.chro.run; }
-
-    // The report's printed line that starts with `label`.
-    QString reportLine(const QString& label) const {
-        for (const auto& c : canvas->texts())
-            if (c.text.startsWith(label)) return c.text;
-        return {};
+    // Run 2 (40 records, a whole run) on show, reported by run 3.
+    void loadWhole() {
+        write({{1, 40}, {2, 40}, {3, 10}, {4, 40}});
+        select(5, 20);
+        chromatograph::cmd_view_cg_Click(ws);
     }
+    // X of the pointer over sample i.
+    double pointerX(int i) const { return 300 + (i + 0.5) * 4100.0 / run().CgCount; }
 };
 
 } // namespace chrotest

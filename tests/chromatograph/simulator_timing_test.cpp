@@ -2,12 +2,9 @@
 // serial line: the simulator at the far end of a pseudo-terminal logs the
 // command with the allowance the panel adds, and takes it as its new time.
 #include "chro_fixture.h"
+#include "pdf_file.h"
 #include "pty_pair.h"
 #include "simulator.h"
-
-#include <QImage>
-#include <QProcess>
-#include <QRegularExpression>
 
 namespace chrotest {
 namespace {
@@ -25,12 +22,10 @@ TEST_F(ChroTest, ADoubleClickOnC3TeachesTheSimulatorOverTheSerialLine) {
     testkit::Simulator sim(st.folder.file("sim.log"));
     ASSERT_TRUE(sim.start({"--serial", pty.farEnd(), "--interval", "60"}));
 
-    write({{1, 40}, {2, 40}, {3, 10}, {4, 40}});
-    select(5, 20);
-    cmd_view_cg_Click(ws);
+    loadWhole();
     // C3 chosen, the pointer over sample 15 (90 s), double click.
     cmd_set_Click(ws, 2);
-    pb_chro_MouseMove(ws, 300 + 15.5 * 4100.0 / run().CgCount, 3000, false);
+    pb_chro_MouseMove(ws, pointerX(15), 3000, false);
     pb_chro_DblClick(ws);
 
     ASSERT_TRUE(testkit::PumpUntil(5000, [&] { return sim.count("WRITEETIME") > 0; }));
@@ -43,21 +38,13 @@ TEST_F(ChroTest, ADoubleClickOnC3TeachesTheSimulatorOverTheSerialLine) {
 // With no printer on the machine the chromatogram goes onto one PDF page,
 // drawn at a printer's density: the trace in ink, the rest white.
 TEST_F(ChroTest, PrintedWithoutAPrinterTheRunLandsOnOnePdfPage) {
-    write({{1, 40}, {2, 40}, {3, 10}, {4, 40}});
-    select(5, 20);
-    cmd_view_cg_Click(ws);
+    loadWhole();
     const QString pdf = st.folder.file("run.pdf");
     st.dialogs.files.push_back(pdf);
     cmd_print_chro_Click(ws);
-    QProcess info;
-    info.start("pdfinfo", {pdf});
-    info.waitForFinished(30000);
-    EXPECT_TRUE(QString::fromUtf8(info.readAllStandardOutput())
-                    .contains(QRegularExpression("Pages:\\s+1\\n")));
-    QProcess render;
-    render.start("pdftoppm", {"-r", "30", "-png", "-singlefile", pdf, st.folder.file("run")});
-    render.waitForFinished(30000);
-    const QImage page(st.folder.file("run.png"));
+    const testkit::PdfFile f = testkit::ReadPdf(pdf, 30);
+    EXPECT_EQ(f.pages, 1) << f.info.toStdString();
+    const QImage& page = f.page;
     ASSERT_FALSE(page.isNull());
     int ink = 0;
     for (int y = 0; y < page.height(); ++y)
