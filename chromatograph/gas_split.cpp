@@ -48,6 +48,9 @@ void cmd_Commit_Click(Workstation& ws) {
     const CgRun& r = ws.chro.run;
     db::Recordset& rs = ws.db.Grecords;
     static const char* const gases[kGases] = {"C1", "C2", "C3", "IC4", "NC4", "IC5", "NC5"};
+    // An edit of the job holds the shared set and its transaction while
+    // the loop runs: the gas waits for it to end rather than join it.
+    if (ws.db.Gdb_busy) return;
     int step = 1;
     try {
         const int32_t kept = rs.AbsolutePosition();

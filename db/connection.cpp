@@ -24,9 +24,11 @@ Registry& OpenConnections() {
 
 // How long a statement waits for a lock another connection holds. Inside
 // this one thread nobody holds a write lock while the event loop runs (see
-// WriteLockHeld), so this covers the other processes: a checkpoint, a copy,
-// a look at the job with another SQLite tool. The wait is bounded, and what
-// fails after it says so in its own message.
+// WriteLockHeld), but for an all-or-nothing edit of the whole job, and while
+// that is open every other writer of this process stands back (the record
+// writer holds its rows until it ends), so this covers the other processes:
+// a checkpoint, a copy, a look at the job with another SQLite tool. The wait
+// is bounded, and what fails after it says so in its own message.
 constexpr int kBusyTimeoutMs = 2000;
 
 // Durability. In WAL mode `synchronous = NORMAL` survives the process being

@@ -57,7 +57,9 @@ class Connection {
     // The file of a connection of this process that holds a write lock now,
     // or empty. In this single-threaded program a connection that waits for
     // such a lock waits in vain: the holder can only let go once the waiter
-    // has returned. So whoever lets the event loop run must hold none.
+    // has returned. So whoever lets the event loop run must hold none; the
+    // one exception, an edit that must be all or nothing, first makes every
+    // other writer stand back (store/edit_transaction.h).
     static QString WriteLockHeld();
     // Closes every connection of this process to the file at `path`, so its
     // log is folded into it and removed before the file is replaced.

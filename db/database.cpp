@@ -3,6 +3,7 @@
 #include "db/recordset.h"
 
 #include <QFile>
+#include <cstdio>
 #include <sqlite3.h>
 
 namespace db {
@@ -282,7 +283,13 @@ bool PutJobFileInPlace(const QString& from, const QString& to) {
     Connection::CloseAllOn(from);
     QFile::remove(from + "-wal");
     QFile::remove(from + "-shm");
-    return RemoveJobFile(to) && QFile::rename(from, to);
+    // The last close of the old file folds its log into it, so the log can
+    // go; the new file then takes its place in one rename. Killed at any
+    // moment, the name holds one whole job, the old or the new, never none.
+    Connection::CloseAllOn(to);
+    QFile::remove(to + "-wal");
+    QFile::remove(to + "-shm");
+    return std::rename(QFile::encodeName(from).constData(), QFile::encodeName(to).constData()) == 0;
 }
 
 } // namespace db

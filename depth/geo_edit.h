@@ -2,7 +2,8 @@
 // The operator's corrections to the stored depth, and the gas marks, on the
 // records chosen on the chart: the Geolograph Edit Box and the Select Items
 // Box. Every command writes in one transaction: it is done whole or not at
-// all, and it never lets the event loop run while it writes.
+// all. The ones that may walk the whole job let the event loop run inside
+// that transaction, with every other writer held back (geo::Run).
 
 class Workstation;
 

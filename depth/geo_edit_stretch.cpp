@@ -34,8 +34,9 @@ void ShowProgress(Workstation& ws, const QString& title, const QStringList& line
 
 // DEPTH back to DEPTH_RAW, and the minutes of the foot from its rate where
 // there is one, for `count` records from where rs stands.
-void RestoreFrom(db::Recordset& rs, int32_t count) {
+void RestoreFrom(db::Recordset& rs, int32_t count, store::EditTransaction& edit) {
     for (int32_t i = 0; i < count && !rs.Eof(); ++i, rs.MoveNext()) {
+        edit.beat();
         const double ftHr = geo::Num(rs, "FT_HR");
         rs.Edit();
         rs.SetField("DEPTH", rs.Fields("DEPTH_RAW"));
@@ -57,31 +58,34 @@ constexpr int32_t kLongestRun = 1400;
 void cmd_del_sel_ticks_Click(Workstation& ws) {
     if (!HasSelection(ws)) return;
     int32_t first = 0, last = 0;
-    const bool ran = geo::Run(ws, "Delete Ticks Err: ", [&](db::Recordset& rs, int& step) {
-        if (!geo::Selection(ws, rs, first, last)) return;
-        rs.SetAbsolutePosition(first);
-        const double d0 = geo::Foot(geo::Num(rs, "DEPTH"));
-        step = 3;
-        for (int32_t pos = first; pos <= last && !rs.Eof(); ++pos, rs.MoveNext()) {
-            geo::ForgetFoot(ws, geo::Num(rs, "DEPTH"));
-            rs.Edit();
-            rs.SetField("DEPTH", d0);
-            rs.Update();
-        }
-    });
+    const bool ran = geo::Run(
+        ws, "Delete Ticks Err: ", [&](db::Recordset& rs, int& step, store::EditTransaction& edit) {
+            if (!geo::Selection(ws, rs, first, last)) return;
+            rs.SetAbsolutePosition(first);
+            const double d0 = geo::Foot(geo::Num(rs, "DEPTH"));
+            step = 3;
+            for (int32_t pos = first; pos <= last && !rs.Eof(); ++pos, rs.MoveNext()) {
+                edit.beat();
+                geo::ForgetFoot(ws, geo::Num(rs, "DEPTH"));
+                rs.Edit();
+                rs.SetField("DEPTH", d0);
+                rs.Update();
+            }
+        });
     if (ran) geo::Refresh(ws, first, last);
 }
 
 void cmd_restore_geo_Click(Workstation& ws) {
     if (!HasSelection(ws)) return;
     int32_t first = 0, last = 0;
-    const bool ran = geo::Run(ws, "Restore Err: ", [&](db::Recordset& rs, int& step) {
-        if (!geo::Selection(ws, rs, first, last)) return;
-        rs.SetAbsolutePosition(first);
-        step = 3;
-        // The last records of a selection are left as they are.
-        RestoreFrom(rs, last - first - 5);
-    });
+    const bool ran = geo::Run(
+        ws, "Restore Err: ", [&](db::Recordset& rs, int& step, store::EditTransaction& edit) {
+            if (!geo::Selection(ws, rs, first, last)) return;
+            rs.SetAbsolutePosition(first);
+            step = 3;
+            // The last records of a selection are left as they are.
+            RestoreFrom(rs, last - first - 5, edit);
+        });
     if (ran) geo::Refresh(ws, first, last);
 }
 
@@ -94,16 +98,17 @@ void cmd_restore_all_geo_Click(Workstation& ws) {
                             platform::Buttons::YesNo, "RESTORE DEPTH MARKS?",
                             platform::Icon::Question) == platform::Answer::No)
         return;
-    const bool ran = geo::Run(ws, "Restore All Err: ", [&](db::Recordset& rs, int& step) {
-        const int32_t count = rs.RecordCount();
-        ShowProgress(ws, "Restoring all Geolograph data",
-                     {"", "Restoring all Geolograph data please wait..."}, count);
-        if (count == 0) return;
-        rs.MoveFirst();
-        step = 3;
-        RestoreFrom(rs, count);
-        ws.fm_help.pgbar.setValue(count);
-    });
+    const bool ran = geo::Run(
+        ws, "Restore All Err: ", [&](db::Recordset& rs, int& step, store::EditTransaction& edit) {
+            const int32_t count = rs.RecordCount();
+            ShowProgress(ws, "Restoring all Geolograph data",
+                         {"", "Restoring all Geolograph data please wait..."}, count);
+            if (count == 0) return;
+            rs.MoveFirst();
+            step = 3;
+            RestoreFrom(rs, count, edit);
+            ws.fm_help.pgbar.setValue(count);
+        });
     ws.fm_help.form.setVisible(false);
     if (ran) geo::Refresh(ws, 0, 0);
 }
@@ -111,71 +116,77 @@ void cmd_restore_all_geo_Click(Workstation& ws) {
 void cmd_Mark_GU_Click(Workstation& ws, int index) {
     if (!HasSelection(ws)) return;
     int32_t first = 0, last = 0;
-    const bool ran = geo::Run(ws, "Mark Gas Err: ", [&](db::Recordset& rs, int& step) {
-        if (!geo::Selection(ws, rs, first, last)) return;
-        rs.SetAbsolutePosition(first);
-        step = 3;
-        for (int32_t i = 0; i < last - first - 5 && !rs.Eof(); ++i, rs.MoveNext()) {
-            QString text = rs.Fields("ERR_TXT").toText();
-            if (index == 1)
-                text.prepend('*');
-            else
-                text.remove('*');
-            rs.Edit();
-            rs.SetField("ERR_TXT", text);
-            rs.Update();
-        }
-    });
+    const bool ran = geo::Run(
+        ws, "Mark Gas Err: ", [&](db::Recordset& rs, int& step, store::EditTransaction& edit) {
+            if (!geo::Selection(ws, rs, first, last)) return;
+            rs.SetAbsolutePosition(first);
+            step = 3;
+            for (int32_t i = 0; i < last - first - 5 && !rs.Eof(); ++i, rs.MoveNext()) {
+                edit.beat();
+                QString text = rs.Fields("ERR_TXT").toText();
+                if (index == 1)
+                    text.prepend('*');
+                else
+                    text.remove('*');
+                rs.Edit();
+                rs.SetField("ERR_TXT", text);
+                rs.Update();
+            }
+        });
     if (!ran) return;
     int32_t result = 0;
     Collect_ROP_Data(ws, first, last, false, result);
 }
 
 void Calculate_Tic_Marks(Workstation& ws) {
-    geo::Run(ws, "Calculate Tic Marks Err: ", [&](db::Recordset& rs, int& step) {
-        const int32_t count = rs.RecordCount();
-        ShowProgress(ws, "Calculating Tic Marks", {"", "Calculating Tic Marks", "Please wait..."},
-                     count);
-        if (count == 0) return;
-        step = 3;
-        int32_t posA = 0;
-        rs.MoveFirst();
-        while (posA < count) {
-            rs.SetAbsolutePosition(posA);
-            double depthA = geo::Foot(geo::Num(rs, "DEPTH"));
-            const QDateTime timeA = rs.Fields("DT").toDate();
-            int32_t posB = posA + 1;
-            for (rs.MoveNext(); !rs.Eof() && geo::Foot(geo::Num(rs, "DEPTH")) == depthA;
-                 rs.MoveNext())
-                ++posB;
-            // The tail of the table has no change to end its run.
-            if (rs.Eof()) break;
-            const double depthB = geo::Foot(geo::Num(rs, "DEPTH"));
-            const QDateTime timeB = rs.Fields("DT").toDate();
-            const int32_t run = posB - posA;
-            ws.fm_help.pgbar.setValue(posB);
-            if (run > 1 && run <= kLongestRun) {
-                const double feet = depthB - depthA;
-                const double rise = feet / run;
-                const double s = static_cast<double>(timeA.secsTo(timeB));
-                rs.SetAbsolutePosition(posA + 1);
-                for (int32_t i = 1; i < run; ++i, rs.MoveNext()) {
-                    depthA += rise;
-                    const double d = Cut(depthA, 10);
-                    rs.Edit();
-                    rs.SetField("DEPTH", d);
-                    rs.SetField("DEPTH_RAW", d);
-                    rs.SetField("BIT_DEPTH", d);
-                    if (s > 0) {
-                        rs.SetField("MIN_FT", Cut((s / 60) / feet, 1000));
-                        rs.SetField("FT_HR", Cut(feet / (s / 3600), 1000));
-                    }
-                    rs.Update();
-                }
-            }
-            posA = posB;
-        }
-    });
+    geo::Run(ws, "Calculate Tic Marks Err: ",
+             [&](db::Recordset& rs, int& step, store::EditTransaction& edit) {
+                 const int32_t count = rs.RecordCount();
+                 ShowProgress(ws, "Calculating Tic Marks",
+                              {"", "Calculating Tic Marks", "Please wait..."}, count);
+                 if (count == 0) return;
+                 step = 3;
+                 int32_t posA = 0;
+                 rs.MoveFirst();
+                 while (posA < count) {
+                     rs.SetAbsolutePosition(posA);
+                     double depthA = geo::Foot(geo::Num(rs, "DEPTH"));
+                     const QDateTime timeA = rs.Fields("DT").toDate();
+                     int32_t posB = posA + 1;
+                     for (rs.MoveNext(); !rs.Eof() && geo::Foot(geo::Num(rs, "DEPTH")) == depthA;
+                          rs.MoveNext()) {
+                         edit.beat();
+                         ++posB;
+                     }
+                     // The tail of the table has no change to end its run.
+                     if (rs.Eof()) break;
+                     const double depthB = geo::Foot(geo::Num(rs, "DEPTH"));
+                     const QDateTime timeB = rs.Fields("DT").toDate();
+                     const int32_t run = posB - posA;
+                     ws.fm_help.pgbar.setValue(posB);
+                     if (run > 1 && run <= kLongestRun) {
+                         const double feet = depthB - depthA;
+                         const double rise = feet / run;
+                         const double s = static_cast<double>(timeA.secsTo(timeB));
+                         rs.SetAbsolutePosition(posA + 1);
+                         for (int32_t i = 1; i < run; ++i, rs.MoveNext()) {
+                             edit.beat();
+                             depthA += rise;
+                             const double d = Cut(depthA, 10);
+                             rs.Edit();
+                             rs.SetField("DEPTH", d);
+                             rs.SetField("DEPTH_RAW", d);
+                             rs.SetField("BIT_DEPTH", d);
+                             if (s > 0) {
+                                 rs.SetField("MIN_FT", Cut((s / 60) / feet, 1000));
+                                 rs.SetField("FT_HR", Cut(feet / (s / 3600), 1000));
+                             }
+                             rs.Update();
+                         }
+                     }
+                     posA = posB;
+                 }
+             });
     ws.fm_help.form.setVisible(false);
 }
 

@@ -50,7 +50,7 @@ void cmd_add_foot_tick_Click(Workstation& ws, int index) {
         return;
     }
     bool atEnd = false;
-    geo::Run(ws, "Add Tick Err: ", [&](db::Recordset& rs, int& step) {
+    geo::Run(ws, "Add Tick Err: ", [&](db::Recordset& rs, int& step, store::EditTransaction&) {
         geo::Locate(rs, id);
         const int32_t pos = rs.AbsolutePosition();
         // A mark on the first or the newest record has no foot to begin.
@@ -80,24 +80,25 @@ void cmd_rem_foot_tick_Click(Workstation& ws, int index) {
     }
     const char* column = MarkColumn(index);
     bool found = false;
-    const bool ran = geo::Run(ws, "Remove Tick Err: ", [&](db::Recordset& rs, int& step) {
-        geo::Locate(rs, id);
-        const int32_t at = rs.AbsolutePosition();
-        const int32_t count = rs.RecordCount();
-        // Outwards on both sides at once, so the nearest mark is the one.
-        for (int32_t k = 0; k <= kReach && !found; ++k) {
-            for (int32_t pos : {at - k, at + k}) {
-                if (pos < 0 || pos >= count) continue;
-                rs.SetAbsolutePosition(pos);
-                if (geo::Num(rs, column) < 0) {
-                    step = 3;
-                    Flip(rs, column);
-                    found = true;
-                    break;
+    const bool ran = geo::Run(
+        ws, "Remove Tick Err: ", [&](db::Recordset& rs, int& step, store::EditTransaction&) {
+            geo::Locate(rs, id);
+            const int32_t at = rs.AbsolutePosition();
+            const int32_t count = rs.RecordCount();
+            // Outwards on both sides at once, so the nearest mark is the one.
+            for (int32_t k = 0; k <= kReach && !found; ++k) {
+                for (int32_t pos : {at - k, at + k}) {
+                    if (pos < 0 || pos >= count) continue;
+                    rs.SetAbsolutePosition(pos);
+                    if (geo::Num(rs, column) < 0) {
+                        step = 3;
+                        Flip(rs, column);
+                        found = true;
+                        break;
+                    }
                 }
             }
-        }
-    });
+        });
     if (ran && !found)
         ws.dialogs().MsgBox(index == 1 ? "Numbering stop not found to remove"
                                        : "Ft not found to remove",
@@ -117,38 +118,40 @@ void cmd_renum_geo_Click(Workstation& ws) {
     const bool startAt = ws.fm_Gas_Chart.ck_renum_st_at.checked();
     const double startNumber = std::trunc(text::Val(ws.fm_Gas_Chart.txt_renum_start.text()));
     int32_t from = 0, to = 0;
-    const bool ran = geo::Run(ws, "Renumber Err: ", [&](db::Recordset& rs, int& step) {
-        geo::Locate(rs, id);
-        from = to = rs.AbsolutePosition();
-        double base = geo::Foot(geo::Num(rs, "DEPTH"));
-        double offset = 0;
-        int32_t lastFoot = static_cast<int32_t>(base);
-        bool first = true;
-        bool stop = false;
-        step = 3;
-        while (!rs.Eof() && !rs.Bof()) {
-            const double d = geo::Num(rs, "DEPTH");
-            const int32_t foot = geo::Foot(d);
-            // A tick, or a record where the foot changes, starts a foot.
-            if (d < 0 || foot != lastFoot) {
-                if (stop) break;
-                if (first && startAt) base = startNumber;
-                first = false;
-                offset += down ? 1 : -1;
+    const bool ran = geo::Run(
+        ws, "Renumber Err: ", [&](db::Recordset& rs, int& step, store::EditTransaction& edit) {
+            geo::Locate(rs, id);
+            from = to = rs.AbsolutePosition();
+            double base = geo::Foot(geo::Num(rs, "DEPTH"));
+            double offset = 0;
+            int32_t lastFoot = static_cast<int32_t>(base);
+            bool first = true;
+            bool stop = false;
+            step = 3;
+            while (!rs.Eof() && !rs.Bof()) {
+                edit.beat();
+                const double d = geo::Num(rs, "DEPTH");
+                const int32_t foot = geo::Foot(d);
+                // A tick, or a record where the foot changes, starts a foot.
+                if (d < 0 || foot != lastFoot) {
+                    if (stop) break;
+                    if (first && startAt) base = startNumber;
+                    first = false;
+                    offset += down ? 1 : -1;
+                }
+                lastFoot = foot;
+                if (geo::Num(rs, "CGTESTNUM") < 0) stop = true;
+                geo::ForgetFoot(ws, d);
+                rs.Edit();
+                rs.SetField("DEPTH", base + offset + (std::fabs(d) - foot));
+                rs.Update();
+                to = rs.AbsolutePosition();
+                if (down)
+                    rs.MoveNext();
+                else
+                    rs.MovePrevious();
             }
-            lastFoot = foot;
-            if (geo::Num(rs, "CGTESTNUM") < 0) stop = true;
-            geo::ForgetFoot(ws, d);
-            rs.Edit();
-            rs.SetField("DEPTH", base + offset + (std::fabs(d) - foot));
-            rs.Update();
-            to = rs.AbsolutePosition();
-            if (down)
-                rs.MoveNext();
-            else
-                rs.MovePrevious();
-        }
-    });
+        });
     if (!ran) return;
     if (from > to) std::swap(from, to);
     int32_t a = from, b = to, result = 0;

@@ -1,9 +1,11 @@
 #include "depth/geo_records.h"
 
 #include "db/job_error.h"
+#include "db/schema.h"
 #include "depth/lag.h"
 #include "store/lifecycle.h"
 #include "workstation/busy_guard.h"
+#include "workstation/events.h"
 #include "workstation/messages.h"
 #include "workstation/select_tool.h"
 #include "workstation/workstation.h"
@@ -52,8 +54,23 @@ void ForgetFoot(Workstation& ws, double depth) {
     if (foot < kDepthSlots) ws.depth.RopMinFt[foot] = 0;
 }
 
-bool Run(Workstation& ws, const QString& prefix,
-         const std::function<void(db::Recordset&, int& step)>& body) {
+namespace {
+
+// The job's records in packet order on the shared connection, the keys read
+// with the loop running, before the edit takes the write lock.
+db::Recordset FreshSet(Workstation& ws) {
+    const auto& conn = ws.db.Gdb.connection();
+    conn->longReadPulse = [pulse = station::Pulse(ws)]() mutable { pulse.beat(); };
+    struct Quiet {
+        db::Connection& c;
+        ~Quiet() { c.longReadPulse = nullptr; }
+    } quiet{*conn};
+    return ws.db.Gdb.OpenRecordset(db::RecordQuery(ws.db.Gtable_name));
+}
+
+} // namespace
+
+bool Run(Workstation& ws, const QString& prefix, const Body& body) {
     auto& st = ws.db;
     if (st.Gdb_busy) return false;
     if (!st.Grecords.isOpen()) {
@@ -63,27 +80,28 @@ bool Run(Workstation& ws, const QString& prefix,
         if (!st.Grecords.isOpen()) return false;
     }
     station::BusyFlag busy(st.Gdb_busy);
-    db::Recordset& rs = st.Grecords;
     int32_t kept = -1;
     int step = 1;
     bool done = true;
+    db::Recordset rs;
     try {
-        kept = rs.AbsolutePosition();
+        kept = st.Grecords.AbsolutePosition();
         // Rows the writer added since the chart's last open are in the
         // chart's rows too.
-        rs.Requery();
+        rs = FreshSet(ws);
         step = 2;
-        db::Transaction trans(st.Gdb);
-        body(rs, step);
-        trans.Commit();
+        store::EditTransaction edit(ws, st.Gdb);
+        body(rs, step, edit);
+        edit.commit();
     } catch (const std::exception& e) {
         done = false;
         station::disply_text_alarms(ws, db::JobError(prefix, e, step));
     }
+    if (rs.isOpen()) st.Grecords = rs;
     station::ClearSelection(ws);
     ws.chart.Grefresh_count = ws.chart.Grefresh_seconds;
     try {
-        if (kept >= 0 && kept < rs.RecordCount()) rs.SetAbsolutePosition(kept);
+        if (kept >= 0 && kept < st.Grecords.RecordCount()) st.Grecords.SetAbsolutePosition(kept);
     } catch (const std::exception&) {
         // Only the chart's place in the dynaset; the next draw finds its own.
     }

@@ -4,6 +4,7 @@
 // whole-foot reading of a depth.
 
 #include "db/recordset.h"
+#include "store/edit_transaction.h"
 
 #include <QString>
 #include <cstdint>
@@ -28,12 +29,16 @@ void ForgetFoot(Workstation& ws, double depth);
 
 // One command on the shared set. Refused (false, nothing done) while the
 // data base is busy or the shared set can't be had. Otherwise `body` runs
-// under Gdb_busy inside one transaction with the dynaset read afresh; a
-// failure rolls all of it back and is told with `prefix`. Afterwards the
-// selection is cleared, the refresh countdown restarted and the dynaset put
-// back where it stood. `step` is the body's progress number for the report.
-bool Run(Workstation& ws, const QString& prefix,
-         const std::function<void(db::Recordset&, int& step)>& body);
+// under Gdb_busy inside one transaction, on a dynaset of its own read afresh
+// (it becomes the chart's afterwards); a failure rolls all of it back and is
+// told with `prefix`. A body that walks many records calls edit.beat()
+// between them: the loop then runs inside the transaction, and the chart,
+// which may draw meanwhile, reads through its own dynaset, not the body's.
+// Afterwards the selection is cleared, the refresh countdown restarted and
+// the chart's dynaset put back where it stood. `step` is the body's progress
+// number for the report.
+using Body = std::function<void(db::Recordset&, int& step, store::EditTransaction& edit)>;
+bool Run(Workstation& ws, const QString& prefix, const Body& body);
 
 // Positions (in the dynaset) of the two selected rows, lower first; false
 // when there is no selection or a row is empty.

@@ -15,7 +15,9 @@
 // this same thread. If the pass held the file's write lock across the yield,
 // the writer would wait on a lock that cannot be released until it returns.
 // Committing first means the writer never finds the lock taken, and between
-// two yields the pass holds it for at most one batch.
+// two yields the pass holds it for at most one batch. (An edit that must be
+// all or nothing can't commit half way; it holds the writer back instead,
+// see store/edit_transaction.h.)
 
 #include "db/database.h"
 #include "workstation/events.h"

@@ -1,15 +1,20 @@
 #!/usr/bin/env bash
 # The power cord pulled in the middle of every job that writes the job file:
-# the live writer, the lag pass, the stroke repair and the re-index of an
-# open. Each is killed with SIGKILL at a random moment, RUNS times, and then
+# the live writer, the lag pass, the stroke repair, the re-index of an open,
+# the conversion of an older job and Restore All Geolograph Data. Each is
+# killed with SIGKILL at a random moment, RUNS times, and then
 #   - the file passes PRAGMA integrity_check;
 #   - no committed row is lost or changed: for the writer, every row it had
 #     reported committed is there as written; for a pass, every row is
-#     either as it was before the pass or as the pass leaves it;
+#     either as it was before the pass or as the pass leaves it; for a job
+#     that is all or nothing (convert, restore), the whole table is;
 #   - the pass run again after the kill leaves the same table as one run
 #     that was never interrupted.
 #
-#   bash scripts/kill-test.sh [--runs N] [--rows N] [--out DIR]
+#   bash scripts/kill-test.sh [--runs N] [--rows N] [--out DIR] [--passes "P ..."]
+#
+# --passes names the jobs to run, of: lag strokes reindex convert restore
+# write (the live writer); all of them when not given.
 #
 # Exit status 0 only when every run of every job holds.
 set -euo pipefail
@@ -17,14 +22,21 @@ cd "$(dirname "$0")/.."
 RUNS=20
 ROWS=20000
 OUT=
+PASSES="lag strokes reindex convert restore write"
+usage="usage: bash scripts/kill-test.sh [--runs N] [--rows N] [--out DIR] [--passes \"P ...\"]"
 while [ $# -gt 0 ]; do
   case "$1" in
     --runs) RUNS=$2; shift 2 ;;
     --rows) ROWS=$2; shift 2 ;;
     --out) OUT=$2; shift 2 ;;
-    *) echo "usage: bash scripts/kill-test.sh [--runs N] [--rows N] [--out DIR]" >&2; exit 2 ;;
+    --passes) PASSES=${2//,/ }; shift 2 ;;
+    *) echo "$usage" >&2; exit 2 ;;
   esac
 done
+for p in $PASSES; do
+  case "$p" in lag|strokes|reindex|convert|restore|write) ;; *) echo "$usage" >&2; exit 2 ;; esac
+done
+wanted() { [[ " $PASSES " == *" $1 "* ]]; }
 BIN=build/release
 if [ ! -x "$BIN/job-pass" ] || [ ! -x "$BIN/make-demo-job" ]; then
   cmake --preset release >/dev/null
@@ -35,8 +47,16 @@ mkdir -p "$OUT"
 export QT_QPA_PLATFORM=offscreen
 
 TABLE=OMBRI_DB_010
-# Every row, every column, in packet order: what "the same table" means.
-dump() { sqlite3 -readonly "$1" "SELECT * FROM $TABLE ORDER BY PACKET_NUM" ; }
+OLD_TABLE=OMBRI_DB_005
+# Every row, every column, in packet order: what "the same table" means. A
+# job of the older generation shows its own table, each row marked old.
+dump() {
+  if [ "$(sqlite3 -readonly "$1" "SELECT count(*) FROM sqlite_master WHERE name = '$TABLE'" 2>/dev/null)" = 1 ]; then
+    sqlite3 -readonly "$1" "SELECT * FROM $TABLE ORDER BY PACKET_NUM"
+  else
+    sqlite3 -readonly "$1" "SELECT 'old', * FROM $OLD_TABLE ORDER BY ID" 2>&1 || true
+  fi
+}
 integrity() { sqlite3 "$1" "PRAGMA integrity_check"; }
 copy_job() { rm -f "$2" "$2-wal" "$2-shm"; sqlite3 "$1" ".backup '$2'"; }
 # Milliseconds as seconds, for sleep.
@@ -55,12 +75,28 @@ declare -A UNDO=(
   [lag]="UPDATE $TABLE SET LAG_GU = 0, DATA1 = 0"
   [strokes]="UPDATE $TABLE SET TOTAL_STROKES = NULL"
   [reindex]="UPDATE $TABLE SET ID = 1000000 - ID"
+  [restore]="UPDATE $TABLE SET DEPTH = DEPTH + 0.5, MIN_FT = 99"
 )
+# The same job as the generation before wrote it, columns under their old
+# names, for the conversion.
+old_job() {
+  rm -f "$1" "$1-wal" "$1-shm"
+  sqlite3 "$1" "ATTACH '$OUT/made.db' AS m;
+    CREATE TABLE $OLD_TABLE AS SELECT ID, SERIAL_NUM, DATE_TXT AS DATE, TIME_TXT AS TIME, DT,
+      DEPTH, GAS_UNITS, O2 AS LEL, CO2 AS METHANE, ATTEN AS PPM, TEMP, MIN_FT, FT_HR, LPH,
+      SAMPLEVAC AS INLET_PRS, VOLTS, LOWGUV AS VQ21, HIGHGUV AS VQ6, CGTESTNUM AS CG_TEST_NUM,
+      CGV AS VQ6CG, H2SV AS VQ101, H2S, ERR_TXT AS ERR FROM m.$TABLE ORDER BY PACKET_NUM"
+}
 
-for pass in lag strokes reindex; do
+for pass in lag strokes reindex convert restore; do
+  wanted "$pass" || continue
   base=$OUT/$pass.base.db
-  copy_job "$OUT/made.db" "$base"
-  sqlite3 "$base" "${UNDO[$pass]}"
+  if [ "$pass" = convert ]; then
+    old_job "$base"
+  else
+    copy_job "$OUT/made.db" "$base"
+    sqlite3 "$base" "${UNDO[$pass]}"
+  fi
   dump "$base" >"$OUT/$pass.before"
   # One uninterrupted run: the result, and how long it takes.
   copy_job "$base" "$OUT/$pass.ref.db"
@@ -77,6 +113,7 @@ for pass in lag strokes reindex; do
   killed=0
   for run in $(seq "$RUNS"); do
     work=$OUT/$pass.work.db
+    rm -f "$work.new" "$work.new-wal" "$work.new-shm" "$work.old"
     copy_job "$base" "$work"
     "$BIN/job-pass" "$work" "$pass" >"$OUT/$pass.out" 2>&1 &
     pid=$!
@@ -86,6 +123,17 @@ for pass in lag strokes reindex; do
     [ "$(integrity "$work")" = ok ] || fail "$pass run $run: integrity $(integrity "$work" | head -1)"
     # Row by row: as before, or as the pass leaves it; none lost, none new.
     dump "$work" >"$OUT/$pass.mid"
+    if [ "$pass" = convert ] || [ "$pass" = restore ]; then
+      # All or nothing: the whole table as before or as after.
+      if cmp -s "$OUT/$pass.mid" "$OUT/$pass.after"; then
+        # A finished conversion keeps the old job beside it, whole.
+        if [ "$pass" = convert ] && ! { dump "$work.old" | cmp -s - "$OUT/$pass.before"; }; then
+          fail "$pass run $run: the old job kept beside the new one differs"
+        fi
+      elif ! cmp -s "$OUT/$pass.mid" "$OUT/$pass.before"; then
+        fail "$pass run $run: the table is neither as before nor as after ($(wc -l <"$OUT/$pass.mid") rows)"
+      fi
+    fi
     odd=$(python3 - "$OUT/$pass.before" "$OUT/$pass.after" "$OUT/$pass.mid" "$pass" <<'EOF'
 import sys
 before, after, mid, pass_ = [open(f).read().splitlines() for f in sys.argv[1:4]] + [sys.argv[4]]
@@ -123,6 +171,7 @@ done
 
 # The live writer: the demonstration job maker writes through the record
 # writer, one committed row at a time, and reports each once committed.
+if wanted write; then
 echo "kill-test: live writer"
 ref=$OUT/write.ref.db
 "$BIN/make-demo-job" --out "$ref" --rows 3000 >/dev/null
@@ -154,6 +203,7 @@ for run in $(seq "$RUNS"); do
   fi
 done
 summary+=("write: $RUNS runs, $killed killed in the middle, $bad failures")
+fi
 
 echo
 printf '%s\n' "${summary[@]}"

@@ -11,12 +11,16 @@
 // puts a new file under the same name), and dropped after any failure, which
 // rolls back what was open just as a close would.
 //
-// The row always commits on its own. No job of this program lets the event
-// loop run while it holds the file's write lock (a long pass commits its
-// batch before it yields), so inside this program the lock is always free
-// when a packet comes in. Another program holding it (a copy, a look with an
-// SQLite tool) is waited for up to the connection's busy time-out, and then
-// the row fails with "DB Write Err" like any other failure.
+// The row always commits on its own. A long pass commits its batch before it
+// lets the loop run, so the file's write lock is free when a packet comes in.
+// The one exception is an edit that must be all or nothing and still lets
+// the loop run inside its transaction (store/edit_transaction.h): while it
+// is open (writesHeld) the row is made ready as usual, with every running
+// figure moved as usual, but kept in the store's held rows, and written
+// after the edit ends, before any newer row. Another program holding the
+// lock (a copy, a look with an SQLite tool) is waited for up to the
+// connection's busy time-out, and then the row fails with "DB Write Err" like
+// any other failure; a failed row is not tried again.
 #include "store/record_writer.h"
 
 #include "db/file_id.h"
@@ -26,6 +30,7 @@
 #include "workstation/messages.h"
 #include "workstation/workstation.h"
 
+#include <functional>
 #include <optional>
 
 namespace store {
@@ -122,6 +127,127 @@ db::Database WriterConnection(Workstation& ws) {
     return st.writerDb;
 }
 
+// Where a column of the row goes: the recordset, or a held row.
+using Put = std::function<void(const char* column, const db::Variant& value)>;
+
+// Steps 9 to 17: the row's columns from the packet, in order, each counted
+// on pt; the running figures (the next ID, the diagnostic pair, the pump
+// rate and the stroke total) move as they go.
+void FillRow(Workstation& ws, int& pt, const Put& put) {
+    auto& st = ws.db;
+    const auto& f = ws.packet.Gombri_data_array;
+    st.NextRecordId += 1;
+
+    // 9-10.
+    for (const PacketColumn& c : kPacketColumns) {
+        ++pt;
+        switch (c.from) {
+        case From::Id:
+            put(c.column, st.NextRecordId);
+            break;
+        case From::Text:
+            put(c.column, f[c.field]);
+            break;
+        case From::Date:
+            put(c.column, *text::ParseDateTime(f[DATE] + " " + f[OMBRITIME]));
+            break;
+        case From::Val:
+            put(c.column, text::Val(f[c.field]));
+            break;
+        case From::Alternating:
+            put(c.column,
+                st.WritePrimaryDiag ? text::Val(f[c.field]) : text::Val(f[c.second]) + 10000);
+            // The pair flips once a row, where its last column is set.
+            if (c.field == CHROMVAC) st.WritePrimaryDiag = !st.WritePrimaryDiag;
+            break;
+        }
+    }
+
+    // 11. A first TOTAL_SPM; step 14 always overwrites it.
+    ++pt;
+    put("TOTAL_SPM", ws.wits.Gwits_alive > 0 ? text::Int(ws.wits.Gspm)
+                     : ws.wits.Gpumps_manual ? 100.0
+                                             : 0.0);
+    // 12.
+    ++pt;
+    put("BIT_DEPTH", ws.wits.Gwits_values[0]);
+    // 13. Gas taken while the sample line could not be trusted is marked.
+    ++pt;
+    put("ERR_TXT", ws.depth.Gline_lag_ok ? f[ERRTXT] : f[ERRTXT] + " *");
+    // 14. A sum out of range keeps the last rate.
+    const double s = ws.wits.Gwits_values[8] + ws.wits.Gwits_values[9] + ws.wits.Gwits_values[10];
+    if (s > -1 && s < 900) ws.wits.Gspm = s;
+    ++pt;
+    put("TOTAL_SPM", text::Int(ws.wits.Gspm));
+    // 15. A packet counts as six seconds: a tenth of a minute's strokes, the
+    // fraction lost.
+    ws.depth.Gtotal_strokes = text::Int(ws.wits.Gspm / 10 + ws.depth.Gtotal_strokes);
+    // 16.
+    ++pt;
+    put("TOTAL_STROKES", ws.depth.Gtotal_strokes);
+    // 17.
+    for (const WitsColumn& w : kWitsColumns) {
+        ++pt;
+        put(w.column, ws.wits.Gwits_values[w.slot]);
+    }
+}
+
+// Steps 7, 8 and 18-19: one row through the writer's connection in a
+// transaction of its own, its columns set by `fill`. A failure is told (a
+// full disk or a locked file once, not every six seconds through the night)
+// and the row is gone.
+bool WriteRow(Workstation& ws, int& pt, const std::function<void(db::Recordset&)>& fill) {
+    auto& st = ws.db;
+    db::Database db;
+    db::Recordset rs;
+    // Up to and including Update the row is taken back when the guard goes;
+    // a failed commit is not, the engine has already ended that transaction
+    // or the close below ends it.
+    std::optional<db::Transaction> row;
+    try {
+        // 7. Append only: the row is added, nothing is read.
+        db = WriterConnection(ws);
+        rs = db.OpenRecordset(db::RecordQuery(ws.db.Gtable_name), db::RecordsetType::AppendOnly);
+        // 8.
+        pt = 1;
+        row.emplace(db);
+        pt = 2;
+        rs.AddNew();
+        fill(rs);
+        // 18.
+        pt = kUpdateStep;
+        rs.Update();
+        pt = kCommitStep;
+        row->Commit();
+        pt = kCommitStep + 1;
+        // 19.
+        rs.Close();
+    } catch (const std::exception& e) {
+        const auto* dbe = dynamic_cast<const db::DbError*>(&e);
+        const int number = dbe ? dbe->number() : 0;
+        const QString description = dbe ? dbe->description() : QString::fromUtf8(e.what());
+        if (number == db::err::DuplicateKey) {
+            ws.db.Gdb_error = true;
+            station::disply_text_alarms(
+                ws, "DB Write Err: Duplacate packet numbers found in the data base.");
+        } else if (const QString failure = QString::number(number) + " " + description;
+                   failure != st.writerFailure) {
+            st.writerFailure = failure;
+            ws.db.Gdb_error = true;
+            station::disply_text_alarms(ws, "DB Write Err: " + description + " " +
+                                                QString::number(number) +
+                                                "  Err point: " + QString::number(pt));
+        }
+        row.reset();
+        rs.Close();
+        st.writerDb.Close();
+        return false;
+    }
+    st.RecordCount += 1;
+    st.writerFailure.clear();
+    return true;
+}
+
 } // namespace
 
 bool SaveKWData(Workstation& ws) {
@@ -158,113 +284,45 @@ bool SaveKWData(Workstation& ws) {
     }
 
     int pt = 0;
-    db::Database db;
-    db::Recordset rs;
-    // Up to and including Update the row is taken back when the guard goes;
-    // a failed commit is not, the engine has already ended that transaction
-    // or the close below ends it.
-    std::optional<db::Transaction> row;
-    try {
-        // 7. Append only: the row is added, nothing is read.
-        db = WriterConnection(ws);
-        rs = db.OpenRecordset(db::RecordQuery(ws.db.Gtable_name), db::RecordsetType::AppendOnly);
-        // 8.
-        pt = 1;
-        row.emplace(db);
+    if (st.writesHeld) {
+        StoreState::HeldRow held;
+        held.serial = f[SERIALNUM];
         pt = 2;
-        rs.AddNew();
-        st.NextRecordId += 1;
-
-        // 9-10.
-        for (const PacketColumn& c : kPacketColumns) {
-            ++pt;
-            switch (c.from) {
-            case From::Id:
-                rs.SetField(c.column, st.NextRecordId);
-                break;
-            case From::Text:
-                rs.SetField(c.column, f[c.field]);
-                break;
-            case From::Date:
-                rs.SetField(c.column, *text::ParseDateTime(f[DATE] + " " + f[OMBRITIME]));
-                break;
-            case From::Val:
-                rs.SetField(c.column, text::Val(f[c.field]));
-                break;
-            case From::Alternating:
-                rs.SetField(c.column, st.WritePrimaryDiag ? text::Val(f[c.field])
-                                                          : text::Val(f[c.second]) + 10000);
-                // The pair flips once a row, where its last column is set.
-                if (c.field == CHROMVAC) st.WritePrimaryDiag = !st.WritePrimaryDiag;
-                break;
-            }
-        }
-
-        // 11. A first TOTAL_SPM; step 14 always overwrites it.
-        ++pt;
-        rs.SetField("TOTAL_SPM", ws.wits.Gwits_alive > 0 ? text::Int(ws.wits.Gspm)
-                                 : ws.wits.Gpumps_manual ? 100.0
-                                                         : 0.0);
-        // 12.
-        ++pt;
-        rs.SetField("BIT_DEPTH", ws.wits.Gwits_values[0]);
-        // 13. Gas taken while the sample line could not be trusted is marked.
-        ++pt;
-        rs.SetField("ERR_TXT", ws.depth.Gline_lag_ok ? f[ERRTXT] : f[ERRTXT] + " *");
-        // 14. A sum out of range keeps the last rate.
-        const double s =
-            ws.wits.Gwits_values[8] + ws.wits.Gwits_values[9] + ws.wits.Gwits_values[10];
-        if (s > -1 && s < 900) ws.wits.Gspm = s;
-        ++pt;
-        rs.SetField("TOTAL_SPM", text::Int(ws.wits.Gspm));
-        // 15. A packet counts as six seconds: a tenth of a minute's strokes,
-        // the fraction lost.
-        ws.depth.Gtotal_strokes = text::Int(ws.wits.Gspm / 10 + ws.depth.Gtotal_strokes);
-        // 16.
-        ++pt;
-        rs.SetField("TOTAL_STROKES", ws.depth.Gtotal_strokes);
-        // 17.
-        for (const WitsColumn& w : kWitsColumns) {
-            ++pt;
-            rs.SetField(w.column, ws.wits.Gwits_values[w.slot]);
-        }
-        // 18.
-        pt = kUpdateStep;
-        rs.Update();
-        pt = kCommitStep;
-        row->Commit();
-        pt = kCommitStep + 1;
-        // 19.
-        rs.Close();
-    } catch (const std::exception& e) {
-        const auto* dbe = dynamic_cast<const db::DbError*>(&e);
-        const int number = dbe ? dbe->number() : 0;
-        const QString description = dbe ? dbe->description() : QString::fromUtf8(e.what());
-        if (number == db::err::DuplicateKey) {
-            ws.db.Gdb_error = true;
-            station::disply_text_alarms(
-                ws, "DB Write Err: Duplacate packet numbers found in the data base.");
-        } else if (const QString failure = QString::number(number) + " " + description;
-                   failure != st.writerFailure) {
-            // A full disk or a locked file fails every packet until it is put
-            // right: said once, not every six seconds through the night.
-            st.writerFailure = failure;
-            ws.db.Gdb_error = true;
-            station::disply_text_alarms(ws, "DB Write Err: " + description + " " +
-                                                QString::number(number) +
-                                                "  Err point: " + QString::number(pt));
-        }
-        row.reset();
-        rs.Close();
-        st.writerDb.Close();
-        return false;
+        FillRow(ws, pt, [&](const char* column, const db::Variant& v) {
+            held.fields.push_back({column, v, pt});
+        });
+        st.heldRows.push_back(std::move(held));
+        // Taken: it is stored once the edit ends.
+        return true;
     }
-
+    // Rows held by an edit that ended without writing them go first.
+    WriteHeldRows(ws);
+    if (!WriteRow(ws, pt, [&](db::Recordset& rs) {
+            FillRow(ws, pt,
+                    [&](const char* column, const db::Variant& v) { rs.SetField(column, v); });
+        }))
+        return false;
     // 20. The logs and the minimised title name the unit of the newest row.
-    st.RecordCount += 1;
-    st.writerFailure.clear();
     ws.packet.UnitSerial = f[SERIALNUM];
     return true;
+}
+
+void WriteHeldRows(Workstation& ws) {
+    auto& st = ws.db;
+    if (st.writesHeld || st.heldRows.empty()) return;
+    // Taken out first: a row is written once, whatever becomes of it.
+    std::vector<StoreState::HeldRow> rows;
+    rows.swap(st.heldRows);
+    for (const StoreState::HeldRow& row : rows) {
+        int pt = 2;
+        const bool stored = WriteRow(ws, pt, [&](db::Recordset& rs) {
+            for (const StoreState::HeldField& h : row.fields) {
+                pt = h.point;
+                rs.SetField(h.column, h.value);
+            }
+        });
+        if (stored) ws.packet.UnitSerial = row.serial;
+    }
 }
 
 } // namespace store

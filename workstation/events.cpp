@@ -14,8 +14,11 @@ namespace station {
 
 namespace {
 // The live writer runs inside the loop: a job that lets the loop run while
-// it holds the file's write lock would make it wait in vain.
+// it holds the file's write lock would make it wait in vain. An edit that
+// must be all or nothing does so on purpose, with the writer holding its
+// rows back until it ends (store/edit_transaction.h).
 void WatchWriteLock(Workstation& ws) {
+    if (ws.db.writesHeld) return;
     const QString held = db::Connection::WriteLockHeld();
     if (held.isEmpty()) return;
     ws.loop.yieldsHoldingWriteLock += 1;

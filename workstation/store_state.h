@@ -7,6 +7,7 @@
 
 #include <QDateTime>
 #include <cstdint>
+#include <vector>
 
 namespace store {
 
@@ -46,6 +47,22 @@ struct StoreState {
     // The failure of the file (not of a packet) the writer last reported,
     // as number and description; empty once a row is stored again.
     QString writerFailure;
+
+    // An edit of the whole job (store/edit_transaction.h) holds the file's
+    // write lock while it lets the loop run. Meanwhile the writer keeps each
+    // packet's row here, ready to go, and writes them in order once the edit
+    // has committed or rolled back.
+    struct HeldField {
+        const char* column;
+        db::Variant value;
+        int point; // the writer's step counter at this column
+    };
+    struct HeldRow {
+        std::vector<HeldField> fields;
+        QString serial;
+    };
+    bool writesHeld = false;
+    std::vector<HeldRow> heldRows;
 };
 
 } // namespace store
