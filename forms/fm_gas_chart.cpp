@@ -3,7 +3,7 @@
 namespace forms {
 
 FmGasChart::FmGasChart() : Panel("fm_Gas_Chart", " Ombri Instruments Gas Chart") {
-    add(Frame6, "Frame6");
+    add(Frame6, "Frame6", "Gas Chart Control Box");
     add(sel_type, "sel_type", "Select Items Box").setVisible(false);
     add(Geo_edit, "Geo_edit", "Geolograph Edit Box").setVisible(false);
     add(cmd_comm1, "cmd_comm1", "Kettlewick Disconnected").setBackColor(color::Red);

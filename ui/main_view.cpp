@@ -6,6 +6,7 @@
 #include "ui/binder.h"
 #include "ui/chart_canvas.h"
 #include "ui/control_widgets.h"
+#include "ui/floating_box.h"
 #include "ui/log.h"
 #include "workstation/image_canvas.h"
 #include "workstation/workstation.h"
@@ -14,7 +15,6 @@
 #include <QCoreApplication>
 #include <QFrame>
 #include <QGridLayout>
-#include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QLoggingCategory>
@@ -86,7 +86,7 @@ MainView::MainView(Workstation& ws) : ws_(ws) {
     canvas_->attach(ws);
     row->addWidget(canvas_, 1);
     attachCanvas();
-    row->addWidget(buildControlBox(), 0);
+    buildControlBox();
     setCentralWidget(central);
 }
 
@@ -123,12 +123,12 @@ void MainView::redrawAfterResize() {
     }
 }
 
-QWidget* MainView::buildControlBox() {
+void MainView::buildControlBox() {
     auto& fm = ws_.fm_Gas_Chart;
-    auto* box = new QGroupBox;
-    bind(box, fm.Frame6);
-    box->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Expanding);
+    auto* frame6 = new FloatingBox(ws_, fm.Frame6, canvas_, &acq::Frame6_MouseUp);
+    QWidget* box = frame6->body();
     auto* grid = new QGridLayout(box);
+    grid->setContentsMargins(4, 2, 4, 4);
     grid->setVerticalSpacing(4);
 
     QSet<const forms::Control*> placed{&fm.Frame6, &fm.ln_selecter};
@@ -180,14 +180,13 @@ QWidget* MainView::buildControlBox() {
         if (QWidget* w = make(n)) chartRow->addWidget(w);
     grid->addLayout(chartRow, r++, 0, 1, 2);
 
-    // The two boxes of a chosen place on the chart: their commands stand
-    // together and show only while their box is open, so the control box
-    // keeps its height on a small screen.
+    // The two boxes of a chosen place on the chart float over it on their
+    // own, where the chart opens them.
     auto chosenPlaceBox = [&](forms::Control& model, std::initializer_list<const char*> names) {
-        auto* group = new QGroupBox(box);
-        bind(group, model);
+        auto* group = new FloatingBox(ws_, model, canvas_);
         placed.insert(&model);
-        auto* inner = new QGridLayout(group);
+        auto* inner = new QGridLayout(group->body());
+        inner->setContentsMargins(4, 2, 4, 4);
         std::vector<forms::Control*> commands;
         for (forms::Control* c : fm.controls())
             for (const char* n : names)
@@ -196,7 +195,7 @@ QWidget* MainView::buildControlBox() {
                     placed.insert(c);
                 }
         layoutControls(ws_, fm, commands, inner);
-        grid->addWidget(group, r++, 0, 1, 2);
+        group->place();
     };
     chosenPlaceBox(fm.sel_type,
                    {"cmd_Mark_GU", "cmd_del_sel_ticks", "cmd_restore_geo", "cmd_restore_all_geo",
@@ -212,7 +211,7 @@ QWidget* MainView::buildControlBox() {
     if (!others.empty()) layoutControls(ws_, fm, others, grid);
     grid->setColumnStretch(0, 1);
     grid->setColumnStretch(1, 1);
-    return box;
+    frame6->place();
 }
 
 void MainView::closeEvent(QCloseEvent* e) {

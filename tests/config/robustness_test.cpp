@@ -159,7 +159,7 @@ TEST(ConfigRobustness, BadValuesReadAsZero) {
     config::ReadConfigFile(st.ws);
     EXPECT_EQ(st.ws.settings.Zoom, 0);
     EXPECT_EQ(st.ws.settings.ColorC1, 0);
-    EXPECT_EQ(st.ws.settings.MenuX, 0);
+    EXPECT_EQ(st.ws.fm_Gas_Chart.Frame6.left(), 0);
     EXPECT_EQ(st.ws.chart.Gwits_column, 0);
 }
 

@@ -7,11 +7,14 @@
 #include "test_station.h"
 #include "ui/chart_canvas.h"
 #include "ui/desktop.h"
+#include "ui/floating_box.h"
 #include "ui/main_view.h"
 
 #include <QApplication>
+#include <QLabel>
 #include <QMouseEvent>
 #include <QPushButton>
+#include <QTest>
 #include <gtest/gtest.h>
 
 namespace {
@@ -131,6 +134,50 @@ TEST(ChartCanvas, TwoDoubleClicksOnTheWidgetChooseRowsAtAnyWidgetSizeForTheDelet
                              .arg(newer)),
               0);
     EXPECT_GT(raw.rows(), 0);
+}
+
+TEST(ChartCanvas, ABoxFollowsADragOfItsTitleStripAndStaysOnTheCanvas) {
+    ChartStation st;
+    ASSERT_TRUE(st.loaded);
+    st.desktop.showMain();
+    auto* view = st.canvas();
+    view->resize(1200, 720);
+    auto& model = st.ws.fm_Gas_Chart.Frame6;
+    model.setVisible(true);
+    auto* box = view->findChild<ui::FloatingBox*>("Frame6");
+    ASSERT_NE(box, nullptr);
+    ASSERT_LT(box->height() + 40, view->height());
+    model.setPlace(view->toTwips({60, 10}).x(), view->toTwips({60, 10}).y());
+    EXPECT_NEAR(box->x(), 60, 1);
+    EXPECT_NEAR(box->y(), 10, 1);
+
+    // The strip is held at a point of the canvas and let go at another.
+    auto drag = [&](QPoint travel) {
+        QLabel* strip = box->titleStrip();
+        const QPoint from = strip->mapTo(view, QPoint(20, 4));
+        QTest::mousePress(strip, Qt::LeftButton, {}, strip->mapFrom(view, from));
+        QTest::mouseMove(strip, strip->mapFrom(view, from + travel / 2));
+        QTest::mouseMove(strip, strip->mapFrom(view, from + travel));
+        QTest::mouseRelease(strip, Qt::LeftButton, {}, strip->mapFrom(view, from + travel));
+    };
+    const QPoint start = box->pos();
+    const QPointF twips(model.left(), model.top());
+    drag({70, 25});
+    EXPECT_NEAR(box->x(), start.x() + 70, 1);
+    EXPECT_NEAR(box->y(), start.y() + 25, 1);
+    const QPointF travel = view->toTwips({70, 25});
+    EXPECT_NEAR(model.left(), twips.x() + travel.x(), travel.x() / 70 + 1);
+    EXPECT_NEAR(model.top(), twips.y() + travel.y(), travel.y() / 25 + 1);
+    // Past the corners the box stops at the canvas's edges.
+    drag({-3000, -3000});
+    EXPECT_EQ(box->pos(), QPoint(0, 0));
+    EXPECT_EQ(model.left(), 0);
+    drag({5000, 5000});
+    EXPECT_NEAR(box->x() + box->width(), view->width(), 1);
+    EXPECT_NEAR(box->y() + box->height(), view->height(), 1);
+    // A click on the box is not a click on the chart: the box stays.
+    uitest::release(box, Qt::LeftButton, {5, box->height() - 5});
+    EXPECT_TRUE(model.visible());
 }
 
 } // namespace
