@@ -238,7 +238,7 @@ TEST(Views, APressOnTheScreenHidesOrShowsTheControlBoxAndKeepsTheSettings) {
     Station st;
     ASSERT_TRUE(st.loaded);
     st.desktop.showMain();
-    auto* box = st.widgetOf<QGroupBox>("fm_Gas_Chart", "Frame6");
+    auto* box = st.widgetOf("fm_Gas_Chart", "Frame6");
     ASSERT_NE(box, nullptr);
     QFile::remove(st.folder.file(config::kConfigFileName));
 
