@@ -10,6 +10,7 @@
 #include <QLabel>
 #include <QLoggingCategory>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QPointer>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -21,7 +22,6 @@ FloatingBox::FloatingBox(Workstation& ws, forms::Control& model, ChartCanvas* ca
     : QFrame(canvas), ws_(ws), model_(model), canvas_(canvas), release_(std::move(release)) {
     setFrameShape(QFrame::StyledPanel);
     setFrameShadow(QFrame::Raised);
-    setAutoFillBackground(true);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(1, 1, 1, 1);
     column->setSpacing(2);
@@ -116,6 +116,13 @@ bool FloatingBox::dragEvent(QEvent* e) {
         qCWarning(lcUi) << objectName() << "drag failed";
     }
     return true;
+}
+
+void FloatingBox::paintEvent(QPaintEvent* e) {
+    // Always opaque, whatever colours the binding gives the box: the chart
+    // must not show through between its controls.
+    QPainter(this).fillRect(rect(), palette().color(QPalette::Window));
+    QFrame::paintEvent(e);
 }
 
 void FloatingBox::mousePressEvent(QMouseEvent* e) {

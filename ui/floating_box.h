@@ -36,6 +36,7 @@ class FloatingBox : public QFrame {
   protected:
     bool eventFilter(QObject* watched, QEvent* e) override;
     void resizeEvent(QResizeEvent* e) override;
+    void paintEvent(QPaintEvent* e) override;
     // Clicks on the box are the box's: none reaches the chart under it.
     void mousePressEvent(QMouseEvent* e) override;
     void mouseReleaseEvent(QMouseEvent* e) override;

@@ -34,15 +34,12 @@ const struct {
     const char* left;
     const char* right;
 } kControlBox[] = {
-    {"cmd_comm1", nullptr},
-    {"cmd_WITS_info", nullptr},
+    {"cmd_comm1", "cmd_WITS_info"},
     {"cmd_refresh", "txt_refresh_timer"},
-    {"cmd_redraw_chart", nullptr},
+    {"cmd_redraw_chart", "cmd_reset_view"},
     {"cmd_page_up", "cmd_page_down"},
     {"cmd_zoom_in", "cmd_zoom_out"},
-    {"cmd_reset_view", nullptr},
-    {"cmd_off_bottom_overide", nullptr},
-    {"cmd_pumps", nullptr},
+    {"cmd_off_bottom_overide", "cmd_pumps"},
     {"lbl_Line_Lag", "txt_TotalStr"},
     {"cmd_setup", "cmd_moredata"},
     {"", nullptr},
@@ -168,8 +165,9 @@ void MainView::buildControlBox() {
             left->setFont(f);
         }
         if (auto* msg = qobject_cast<QPlainTextEdit*>(left)) {
-            msg->setMinimumHeight(msg->fontMetrics().lineSpacing() * 8);
-            grid->setRowStretch(r, 1);
+            // Five lines of news: the box floats over the chart and must
+            // leave most of it in sight on a small screen.
+            msg->setFixedHeight(msg->fontMetrics().lineSpacing() * 5 + 2 * msg->frameWidth() + 8);
         }
         ++r;
     }
