@@ -2,13 +2,13 @@
 
 #include "db/database.h"
 #include "db/job_error.h"
-#include "products/hold_busy.h"
 #include "products/names.h"
 #include "products/options.h"
 #include "products/record_scan.h"
 #include "products/staged_file.h"
 #include "text/datetime.h"
 #include "text/numbers.h"
+#include "workstation/busy_guard.h"
 #include "workstation/events.h"
 #include "workstation/help_box.h"
 #include "workstation/messages.h"
@@ -83,7 +83,7 @@ bool Create_LAS_TIME_file(Workstation& ws, const QString& file_name) {
         for (const QString& n : o.customNames) names += "\t" + n;
         out.put(names + "\r\n");
         pt = 4;
-        HoldBusy busy(ws.db.Gdb_busy);
+        station::BusyFlag busy(ws.db.Gdb_busy, station::BusyFlag::Borrow);
         pt = 5;
         db::Database db = db::OpenDatabase(ws.fm_Gas_Chart.txt_db_path.text());
         station::Pulse pulse(ws);

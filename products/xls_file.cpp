@@ -2,7 +2,6 @@
 
 #include "db/database.h"
 #include "db/job_error.h"
-#include "products/hold_busy.h"
 #include "products/las_header.h"
 #include "products/names.h"
 #include "products/options.h"
@@ -11,6 +10,7 @@
 #include "products/time_las.h"
 #include "text/datetime.h"
 #include "text/numbers.h"
+#include "workstation/busy_guard.h"
 #include "workstation/events.h"
 #include "workstation/help_box.h"
 #include "workstation/messages.h"
@@ -95,7 +95,7 @@ bool Create_XLS_file(Workstation& ws, const QString& file_name) {
             if (maxDepth > kDeepest) maxDepth = kDeepest;
         }
         pt = 2;
-        HoldBusy busy(ws.db.Gdb_busy);
+        station::BusyFlag busy(ws.db.Gdb_busy, station::BusyFlag::Borrow);
         db::Database db = db::OpenDatabase(ws.fm_Gas_Chart.txt_db_path.text());
         // The loop gets its turn by the clock, at every record: a long stay on
         // one foot (a trip, hours off bottom) writes no row for many records.
