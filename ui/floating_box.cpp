@@ -100,7 +100,7 @@ bool FloatingBox::dragEvent(QEvent* e) {
         type != QEvent::MouseButtonRelease)
         return false;
     auto* m = static_cast<QMouseEvent*>(e);
-    const QPointF at = canvas_->toTwips(canvas_->mapFrom(strip_, m->position()));
+    const QPointF at = canvas_->toTwips(strip_->mapTo(canvas_, m->position()));
     const int button = m->button() == Qt::LeftButton ? chart::kLeftButton : 0;
     const int held = m->buttons() & Qt::LeftButton ? chart::kLeftButton : 0;
     try {
