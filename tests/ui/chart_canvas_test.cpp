@@ -147,16 +147,12 @@ TEST(ChartCanvas, ABoxFollowsADragOfItsTitleStripAndStaysOnTheCanvas) {
     auto* box = view->findChild<ui::FloatingBox*>("Frame6");
     ASSERT_NE(box, nullptr);
     ASSERT_LT(box->height() + 40, view->height());
-    model.setPlace(view->toTwips({60, 10}).x(), view->toTwips({60, 10}).y());
-    EXPECT_NEAR(box->x(), 60, 1);
-    EXPECT_NEAR(box->y(), 10, 1);
 
     // The strip is held at a point of the canvas and let go at another.
     auto drag = [&](QPoint travel) {
         QLabel* strip = box->titleStrip();
         const QPoint from = strip->mapTo(view, QPoint(20, 4));
         QTest::mousePress(strip, Qt::LeftButton, {}, strip->mapFrom(view, from));
-        QTest::mouseMove(strip, strip->mapFrom(view, from + travel / 2));
         QTest::mouseMove(strip, strip->mapFrom(view, from + travel));
         QTest::mouseRelease(strip, Qt::LeftButton, {}, strip->mapFrom(view, from + travel));
     };
