@@ -20,7 +20,8 @@ using testkit::PtyPair;
 
 class AcqTest : public ::testing::Test, protected testkit::Station {
   protected:
-    AcqTest() {
+    // jobName: a blank job in DB_CUE for the tests that store rows.
+    explicit AcqTest(const QString& jobName = {}) : testkit::Station(jobName) {
         ws.Now = [] { return FixedNow(); };
     }
 

@@ -4,6 +4,7 @@
 
 #include "acquisition/live_fields.h"
 #include "acquisition/parser.h"
+#include "workstation/help_box.h"
 
 #include <QFileInfo>
 
@@ -21,41 +22,34 @@ namespace {
 class LiveFields : public AcqTest {
   protected:
     void setAlarm(const QString& f20) { ws.packet.Gombri_data_array[acq::ERRTXT] = f20; }
-    QStringList errLog() const {
-        QStringList lines = folder.read("ERR_LOG.TXT").split("\r\n");
-        if (!lines.isEmpty() && lines.last().isEmpty()) lines.removeLast();
-        return lines;
-    }
+    QStringList errLog() const { return folder.read("ERR_LOG.TXT").split("\r\n"); }
 };
 
 TEST_F(LiveFields, AChangedAlarmFieldIsLoggedOnceWithAllItsNumbers) {
-    setAlarm("5 12 ");
-    acq::parse_err_str(ws);
-    EXPECT_EQ(ws.packet.Glast_alarm_text, "5 12 ");
-    EXPECT_EQ(errLog(),
-              QStringList{"14:07:09  03/05/2024 ** HIGH SAMPLE FLOW RATE / HIGH GAS UNITS / "});
-    // The same text again: nothing more.
-    acq::parse_err_str(ws);
-    EXPECT_EQ(errLog().size(), 1);
-
-    setAlarm("19 ");
-    acq::parse_err_str(ws);
-    EXPECT_EQ(errLog().last(), "14:07:09  03/05/2024 ** UNKNOWN ALARM / ");
-
-    // No alarm: remembered, not logged.
-    setAlarm("0 ");
-    acq::parse_err_str(ws);
-    setAlarm(" ");
-    acq::parse_err_str(ws);
-    EXPECT_EQ(ws.packet.Glast_alarm_text, " ");
-    EXPECT_EQ(errLog().size(), 2);
-
-    // A bare number with no blank behind it splits into one element and
-    // gives an empty line in the log.
-    setAlarm("7");
-    acq::parse_err_str(ws);
-    const QString raw = folder.read("ERR_LOG.TXT");
-    EXPECT_TRUE(raw.endsWith("UNKNOWN ALARM / \r\n\r\n")) << raw.toStdString();
+    // Field 20, then the lines the log holds after it.
+    const struct {
+        const char* alarm;
+        int lines;
+        const char* last;
+    } steps[] = {
+        {"5 12 ", 1, "14:07:09  03/05/2024 ** HIGH SAMPLE FLOW RATE / HIGH GAS UNITS / "},
+        {"5 12 ", 1, nullptr}, // the same text again: nothing more
+        {"19 ", 2, "14:07:09  03/05/2024 ** UNKNOWN ALARM / "},
+        {"0 ", 2, nullptr}, // no alarm: remembered, not logged
+        {" ", 2, nullptr},
+        // A bare number with no blank behind it gives an empty line.
+        {"7", 3, ""},
+    };
+    for (const auto& s : steps) {
+        setAlarm(s.alarm);
+        acq::parse_err_str(ws);
+        EXPECT_EQ(ws.packet.Glast_alarm_text, s.alarm);
+        const QStringList log = errLog().mid(0, errLog().size() - 1);
+        EXPECT_EQ(log.size(), s.lines) << s.alarm;
+        if (s.last) {
+            EXPECT_EQ(log.last(), s.last);
+        }
+    }
 }
 
 TEST_F(LiveFields, LabelsShowThePacketAndTheViewerTitleNamesIt) {
@@ -89,8 +83,8 @@ TEST_F(LiveFields, GasUnitsColourFollowsTheTwoThresholds) {
     const struct {
         const char* gas;
         long colour;
-    } rows[] = {{"999", Green},   {"1000", Green}, {"1000.5", Yellow},
-                {"2500", Yellow}, {"2500.5", Red}, {"x", Green}};
+    } rows[] = {
+        {"1000", Green}, {"1000.5", Yellow}, {"2500", Yellow}, {"2500.5", Red}, {"x", Green}};
     for (const auto& r : rows) {
         ws.packet.Gombri_data_array[acq::GASUNITS] = r.gas;
         acq::fill_vis_fields(ws);
@@ -98,47 +92,38 @@ TEST_F(LiveFields, GasUnitsColourFollowsTheTwoThresholds) {
     }
 }
 
-TEST_F(LiveFields, FootSecondsBottomsUpAndComponentColours) {
+TEST_F(LiveFields, FootSecondsAndBottomsUp) {
     ws.depth.Grop_seconds_0 = 12.4;
     ws.depth.Grop_seconds_1 = 3;
     ws.depth.Grop_seconds_2 = 0;
     ws.depth.bottomsUpMinutes = 45.25;
-    const long colours[5] = {0x0000FF, 0x00FF00, 0xFF0000, 0x00FFFF, 0xFF00FF};
-    auto& c = ws.settings;
-    long* slots[5] = {&c.ColorC1, &c.ColorC2, &c.ColorC3, &c.ColorIC4, &c.ColorNC4};
-    for (int i = 0; i < 5; ++i) *slots[i] = colours[i];
     acq::fill_vis_fields(ws);
-    const auto& v = ws.more_data;
-    EXPECT_EQ(v.lbl_Time_Since_Last_Rop_01.caption(), "12 3 0");
-    EXPECT_EQ(v.lbl_Bottoms_Up.caption(), "45.3");
-    // The pentanes wear the butanes' colours.
-    const forms::Control* labels[7] = {&v.lbl_c1,  &v.lbl_c2,  &v.lbl_c3, &v.lbl_ic4,
-                                       &v.lbl_nc4, &v.lbl_ic5, &v.lbl_nc5};
-    const int wears[7] = {0, 1, 2, 3, 4, 3, 4};
-    for (int i = 0; i < 7; ++i) EXPECT_EQ(labels[i]->foreColor(), colours[wears[i]]) << i;
+    EXPECT_EQ(ws.more_data.lbl_Time_Since_Last_Rop_01.caption(), "12 3 0");
+    EXPECT_EQ(ws.more_data.lbl_Bottoms_Up.caption(), "45.3");
 }
 
 TEST_F(LiveFields, BitDepthShowsOffBottomOnlyWithWitsUp) {
     auto& v = ws.more_data;
-    auto& frame = v.frameOf("lbl_bit_depth");
     ws.packet.Gombri_data_array[acq::DEPTH] = "1000";
-    ws.wits.Gwits_alive = 10;
-    v.lbl_bit_depth.setCaption("995.0"); // 995 + 2 < 1000
-    acq::fill_vis_fields(ws);
-    EXPECT_EQ(look(frame.caption(), v.lbl_bit_depth.backColor()),
-              look("Bit Depth  OFF BOTTOM", Orange));
-    v.lbl_bit_depth.setCaption("998.9"); // whole part 998 + 2 reaches 1000
-    acq::fill_vis_fields(ws);
-    EXPECT_EQ(look(frame.caption(), v.lbl_bit_depth.backColor()), look("Bit Depth", Black));
-
-    v.lbl_bit_depth.setCaption("500.0");
-    ws.wits.Gwits_alive = 0;
-    acq::fill_vis_fields(ws);
-    EXPECT_EQ(v.lbl_bit_depth.backColor(), Black);
-    ws.wits.Gwits_alive = 10;
-    v.lbl_bit_depth.setCaption("9.5"); // 10 ft and less is no bit depth
-    acq::fill_vis_fields(ws);
-    EXPECT_EQ(v.lbl_bit_depth.backColor(), Black);
+    // Bit depth, WITS life, then the frame and its colour. The whole part
+    // plus 2 ft must reach the depth; 10 ft and less is no bit depth.
+    const struct {
+        const char* bit;
+        int alive;
+        const char* frame;
+        long colour;
+    } rows[] = {{"995.0", 10, "Bit Depth  OFF BOTTOM", Orange},
+                {"998.9", 10, "Bit Depth", Black},
+                {"500.0", 0, "Bit Depth", Black},
+                {"9.5", 10, "Bit Depth", Black}};
+    for (const auto& r : rows) {
+        v.lbl_bit_depth.setCaption(r.bit);
+        ws.wits.Gwits_alive = r.alive;
+        acq::fill_vis_fields(ws);
+        EXPECT_EQ(look(v.frameOf("lbl_bit_depth").caption(), v.lbl_bit_depth.backColor()),
+                  look(r.frame, r.colour))
+            << r.bit;
+    }
 }
 
 TEST_F(LiveFields, AlarmBoxShowsTheFirstNumberAndLeavesALastLineWhenCleared) {
@@ -146,7 +131,6 @@ TEST_F(LiveFields, AlarmBoxShowsTheFirstNumberAndLeavesALastLineWhenCleared) {
     parse(Packet({{20, "5 12 "}}));
     acq::fill_vis_fields(ws);
     EXPECT_EQ(look(box.text(), box.backColor()), look("High Sample Flow Rate", Red));
-    EXPECT_EQ(ws.more_data.lbl_err_desc.caption(), "High Sample Flow Rate");
 
     // While the alarm monitor has a message the box is left to it.
     parse(Packet({{20, "0 "}}));
@@ -160,12 +144,9 @@ TEST_F(LiveFields, AlarmBoxShowsTheFirstNumberAndLeavesALastLineWhenCleared) {
     acq::fill_vis_fields(ws);
     EXPECT_EQ(look(box.text(), box.backColor()), look("", White));
     EXPECT_EQ(ws.more_data.lbl_err_desc.caption(), "No Errors");
-    EXPECT_EQ(ws.fm_Gas_Chart.txt_message.text(), "Last Kettlewick Alarm: High Sample Flow Rate");
-    EXPECT_EQ(errLog().last(), "**  - 14:07:09  03/05/2024  Last Kettlewick Alarm: High Sample "
-                               "Flow Rate");
     // Only once: the next quiet packet finds the box empty.
     acq::fill_vis_fields(ws);
-    EXPECT_EQ(ws.fm_Gas_Chart.txt_message.text().count("Last Kettlewick Alarm"), 1);
+    EXPECT_EQ(ws.fm_Gas_Chart.txt_message.text(), "Last Kettlewick Alarm: High Sample Flow Rate");
 
     parse(Packet({{20, "255 "}}));
     acq::fill_vis_fields(ws);
@@ -176,40 +157,43 @@ TEST_F(LiveFields, LogLinesCarryTheSerialTheClockAndCrLf) {
     ws.packet.UnitSerial = "KW-77";
     station::disply_text_alarms(ws, "DB Write Err: disk full  Err point: 4");
     station::write_function_log(ws, "Set The Depth 1500");
+    station::write_function_log(ws, "second");
     EXPECT_EQ(folder.read("ERR_LOG.TXT"),
               "** KW-77 - 14:07:09  03/05/2024  DB Write Err: disk full  Err point: 4\r\n");
-    EXPECT_EQ(folder.read("COMMAND_LOG.TXT"),
-              "KW-77 14:07:09  03/05/2024 *** Set The Depth 1500\r\n");
     // Appended, never rewritten.
-    station::write_function_log(ws, "second");
-    EXPECT_TRUE(folder.read("COMMAND_LOG.TXT")
-                    .endsWith("*** Set The Depth 1500\r\n"
-                              "KW-77 14:07:09  03/05/2024 *** second\r\n"));
+    EXPECT_EQ(folder.read("COMMAND_LOG.TXT"),
+              "KW-77 14:07:09  03/05/2024 *** Set The Depth 1500\r\n"
+              "KW-77 14:07:09  03/05/2024 *** second\r\n");
 }
 
-TEST_F(LiveFields, MessageBoxAddsLinesClearsOnEmptyAndIsBounded) {
-    auto& box = ws.fm_Gas_Chart.txt_message;
-    station::disply_text_alarms(ws, "one");
-    station::disply_text_alarms(ws, "two");
-    EXPECT_EQ(box.text(), "one\r\ntwo");
-    station::disply_text_alarms(ws, "");
-    EXPECT_EQ(box.text(), "");
-    EXPECT_EQ(errLog().size(), 2); // the empty text logs nothing
-
-    station::disply_text_alarms(ws, QString(3000, QChar('m')));
-    EXPECT_EQ(box.text().size(), 3000);
-    station::disply_text_alarms(ws, "z");
-    EXPECT_EQ(box.text().size(), 2000);
-    EXPECT_TRUE(box.text().endsWith("m\r\nz"));
-}
-
-TEST_F(LiveFields, TerminalIsCutTo8500AtThe9501stCharacter) {
-    auto& box = ws.more_data.text_window;
-    station::disply_text(ws, QString(9500, QChar('t')));
-    EXPECT_EQ(box.text().size(), 9500);
-    station::disply_text(ws, "X");
-    EXPECT_EQ(box.text().size(), 8500);
-    EXPECT_TRUE(box.text().endsWith("tX"));
+TEST_F(LiveFields, EachBoxIsCutToItsBoundAndTheEmptyTextClearsTheTwoThatAddLines) {
+    using Writer = void (*)(Workstation&, const QString&);
+    // Writer, its box, a text that fills it to the bound, the size after one
+    // more character, the tail then, and whether an empty text clears it.
+    const struct {
+        Writer write;
+        forms::Control& box;
+        int fill;
+        int bound;
+        int cut;
+        const char* tail;
+        bool emptyClears;
+    } boxes[] = {
+        {&station::help_msg, ws.fm_help.txt_help, 5998, 6000, 5000, "a\r\nb\r\n", true},
+        {&station::disply_text_alarms, ws.fm_Gas_Chart.txt_message, 3000, 3000, 2000, "a\r\nb",
+         true},
+        {&station::disply_text, ws.more_data.text_window, 9500, 9500, 8500, "ab", false},
+    };
+    for (const auto& b : boxes) {
+        b.write(ws, QString(b.fill, QChar('a')));
+        EXPECT_EQ(b.box.text().size(), b.bound);
+        b.write(ws, "b");
+        EXPECT_EQ(b.box.text().size(), b.cut);
+        EXPECT_TRUE(b.box.text().endsWith(b.tail)) << b.tail;
+        b.write(ws, "");
+        EXPECT_EQ(b.box.text().isEmpty(), b.emptyClears) << b.tail;
+    }
+    EXPECT_EQ(errLog().size(), 3); // two lines: the empty text logs nothing
 }
 
 TEST_F(LiveFields, ALogWhoseFolderIsGoneIsPassedOver) {

@@ -3,10 +3,6 @@
 #include "acq_fixture.h"
 #include "raw_db.h"
 
-#include "db/schema.h"
-
-#include <QDir>
-
 using acqtest::AcqTest;
 using acqtest::Packet;
 
@@ -14,13 +10,7 @@ namespace {
 
 class ParserSaving : public AcqTest {
   protected:
-    QString job = folder.file("DB_CUE/JOB.DB");
-
-    void SetUp() override {
-        QDir().mkpath(folder.file("DB_CUE"));
-        db::MakeBlankJob(job, db::kRecordTable);
-        ws.fm_Gas_Chart.txt_db_path.setText(job);
-    }
+    ParserSaving() : AcqTest("JOB.DB") {}
     // Packet n at 06:00:00 plus six seconds a packet, at depth 1000 + n.
     static QString Numbered(int n, const QString& alarm = "0 ") {
         const QTime t = QTime(6, 0, 0).addSecs(6 * n);
@@ -32,69 +22,49 @@ class ParserSaving : public AcqTest {
                        {28, QString::number(n)}});
     }
     static QString Block(const QString& items) { return "^a,b,c,d,e," + items + "\r\n"; }
-
-    // The first column of the first row of a query on the job, as text.
-    QString value(const QString& sql) {
-        return testkit::RawDb(job, testkit::RawDb::Access::ReadOnly).value(sql);
-    }
-    int rows() { return value("SELECT count(*) FROM OMBRI_DB_010").toInt(); }
-    QString packets() {
-        return value("SELECT group_concat(PACKET_NUM, ' ') FROM (SELECT PACKET_NUM FROM "
-                     "OMBRI_DB_010 ORDER BY PACKET_NUM)");
-    }
+    testkit::RawDb raw() { return testkit::RawDb(job, testkit::RawDb::Access::ReadOnly); }
+    std::set<long> packets() { return raw().numbers("SELECT PACKET_NUM FROM OMBRI_DB_010"); }
 };
 
 TEST_F(ParserSaving, RelayedWitsSavesThePacketWhenTheBlockArrives) {
     ws.wits.Gwits_alive = 0;
     parse(Numbered(1)); // WITS down: saved at once
-    EXPECT_EQ(rows(), 1);
+    EXPECT_EQ(packets(), std::set<long>({1}));
 
     // A packet that came while the stream was up waits for its block; the
     // stream runs out before the block comes. The first block after the
     // outage saves nothing (the waiting packet is lost), then marks it alive.
     ws.wits.Gwits_alive = 5;
     parse(Numbered(2));
-    EXPECT_EQ(rows(), 1);
     ws.wits.Gwits_alive = 0;
     parse(Block("01085000.5,01105001.5"));
-    EXPECT_EQ(rows(), 1);
+    EXPECT_EQ(packets(), std::set<long>({1}));
     EXPECT_EQ(ws.wits.Gwits_alive, 60);
 
     // Now the packet waits for the block, which brings its bit depth.
     parse(Numbered(3));
-    EXPECT_EQ(rows(), 1);
+    EXPECT_EQ(packets(), std::set<long>({1}));
     parse(Block("01085002.5,01105003.5"));
-    EXPECT_EQ(packets(), "1 3");
-    EXPECT_EQ(value("SELECT BIT_DEPTH FROM OMBRI_DB_010 WHERE PACKET_NUM = 3"), "5002.5");
+    EXPECT_EQ(raw().value("SELECT BIT_DEPTH FROM OMBRI_DB_010 WHERE PACKET_NUM = 3"), "5002.5");
 
-    // A block too short to read still saves the waiting packet.
+    // A block too short to read still saves the waiting packet; packet and
+    // block in one read are both handled in the one call.
     parse(Numbered(4));
     parse("^x,y\r\n");
-    EXPECT_EQ(packets(), "1 3 4");
-
-    // Packet and block in one read: both steps run in the one call.
     parse(Numbered(5) + Block("01085004.5"));
-    EXPECT_EQ(packets(), "1 3 4 5");
+    EXPECT_EQ(packets(), std::set<long>({1, 3, 4, 5}));
 }
 
-TEST_F(ParserSaving, LocalWitsSavesAtThePacketWithTheWitsDepth) {
+TEST_F(ParserSaving, WithoutWitsAtThePacketLocalWitsWithItsDepthAndTheAlarmIsLogged) {
+    parse(Numbered(1, "5 "));
+    EXPECT_EQ(raw().value("SELECT DEPTH FROM OMBRI_DB_010 WHERE PACKET_NUM = 1"), "1001.0");
+    EXPECT_TRUE(folder.read("ERR_LOG.TXT").contains("HIGH SAMPLE FLOW RATE"));
+
     ws.fm_WITS.ck_Use_Local_WITS.setChecked(true);
     ws.wits.Gwits_alive = 40;
     ws.wits.Gwits_values[1] = 7777.5;
-    parse(Numbered(1));
-    EXPECT_EQ(rows(), 1);
-    EXPECT_EQ(value("SELECT DEPTH FROM OMBRI_DB_010"), "7777.5");
-}
-
-TEST_F(ParserSaving, WithoutWitsEachPacketIsSavedAtItsLineAndAChangedAlarmReachesTheLog) {
-    parse(Numbered(1, "5 12 "));
-    parse(Numbered(2, "5 12 "));
-    parse(Numbered(3, "0 "));
-    EXPECT_EQ(packets(), "1 2 3");
-    EXPECT_EQ(value("SELECT DEPTH FROM OMBRI_DB_010 WHERE PACKET_NUM = 2"), "1002.0");
-    const QString log = folder.read("ERR_LOG.TXT");
-    EXPECT_EQ(log.count("HIGH SAMPLE FLOW RATE / HIGH GAS UNITS / \r\n"), 1) << log.toStdString();
-    EXPECT_EQ(ws.packet.Glast_alarm_text, "0 ");
+    parse(Numbered(2));
+    EXPECT_EQ(raw().value("SELECT DEPTH FROM OMBRI_DB_010 WHERE PACKET_NUM = 2"), "7777.5");
 }
 
 } // namespace

@@ -46,8 +46,7 @@ TEST_F(DrawTest, HourLinesAndTagsRunDownOrUpTheCanvas) {
         for (int n = 0; n < 3; ++n) {
             const auto& tag = ws.chart.lbl_timedate[n + 1];
             // Above its line normally, under it when time runs up.
-            EXPECT_EQ(tag.Top, flipped ? lines[n].y1 + 25 : lines[n].y1 - 250);
-            EXPECT_EQ(tag.Left, ws.chart.CanvasWidth - 1050);
+            EXPECT_EQ(tag.Top > lines[n].y1, flipped) << n;
             EXPECT_EQ(tag.Visible, n > 0) << n;
             if (n > 0) {
                 EXPECT_EQ(tag.Caption, want[n]);
@@ -70,7 +69,7 @@ TEST_F(DrawTest, CloseDetailOnlyAtZoomThatLeavesRoomForIt) {
     struct Case {
         double zoom;
         bool tenMinuteLines, peakTags;
-    } cases[] = {{0.25, false, false}, {0.5, true, true}, {1, true, true}, {4, true, true}};
+    } cases[] = {{0.25, false, false}, {0.5, true, true}};
     for (const Case& c : cases) {
         SCOPED_TRACE(c.zoom);
         ws.settings.Zoom = c.zoom;
@@ -82,35 +81,21 @@ TEST_F(DrawTest, CloseDetailOnlyAtZoomThatLeavesRoomForIt) {
     }
 }
 
-TEST_F(DrawTest, ScalesMapValuesAcrossTheCommonSpan) {
+// Where a value lands on a scale is image_chart_test's; here a range of
+// nothing divides by one, and no curve is held in: gas past the top runs
+// off the frame.
+TEST_F(DrawTest, AnEmptyScaleDividesByOneAndGasPastTheTopRunsOff) {
     threeHours([](Rec& r, int k) { r.set("GAS_UNITS", k == 1795 ? 500.0 : 75.0); });
-    struct Case {
-        const char* range;
-        double ppu;
-        bool offTheFrame;
-    } cases[] = {
-        {"0 to 150", 4900.0 / 150, true},
-        // A range of nothing divides by one.
-        {"0 to 0", 4900.0 / 1, true},
-        {"0 to 1000", 4900.0 / 1000, false},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.range);
-        const auto& g = ws.settings.GasScale;
-        // The box's own limits make 0 to 0 into 0 to 1: set the scale as a
-        // configuration file may have left it.
-        ws.settings.GasScale.ScaleMin = 0;
-        ws.settings.GasScale.ScaleMax = QString(c.range).split(" to ")[1].toDouble();
-        draw();
-        EXPECT_DOUBLE_EQ(g.PixelsPerUnit, c.ppu);
-        const auto red = canvas->lines([](const CanvasCall& l) { return l.color == 255; });
-        ASSERT_FALSE(red.empty());
-        const double right = std::max_element(red.begin(), red.end(), [](auto& a, auto& b) {
-                                 return a.x2 < b.x2;
-                             })->x2;
-        // No curve is held in: the gas past the top runs off the frame.
-        EXPECT_EQ(right > ws.chart.CanvasWidth, c.offTheFrame) << right;
-    }
+    // The box's own limits make 0 to 0 into 0 to 1: set the scale as a
+    // configuration file may have left it.
+    ws.settings.GasScale.ScaleMin = 0;
+    ws.settings.GasScale.ScaleMax = 0;
+    draw();
+    EXPECT_DOUBLE_EQ(ws.settings.GasScale.PixelsPerUnit, 4900.0);
+    double right = 0;
+    for (const auto& l : canvas->lines([](const CanvasCall& l) { return l.color == 255; }))
+        right = std::max(right, l.x2);
+    EXPECT_GT(right, ws.chart.CanvasWidth);
 }
 
 TEST_F(DrawTest, DepthTicksNumberEveryFifthFootAndMarkFeetNeverFound) {
@@ -123,9 +108,8 @@ TEST_F(DrawTest, DepthTicksNumberEveryFifthFootAndMarkFeetNeverFound) {
         const char* number; // printed beside it, or nullptr
     } steps[] = {
         {1000.4, 0, false, nullptr}, // the first row of a block has none
-        {1000.4, 1, true, nullptr},  {1000.9, 2, false, nullptr}, {1001, 3, true, nullptr},
-        {1002, 4, true, nullptr},    {1003, 5, true, nullptr},    {1004, 6, true, "1003"},
-        {-1, 7, false, "NF"},
+        {1000.4, 1, true, nullptr},  {1000.9, 2, false, nullptr}, {1003, 3, true, nullptr},
+        {1004, 4, true, "1003"},     {-1, 5, false, "NF"},
     };
     for (const Step& s : steps) {
         SCOPED_TRACE(s.depth);
@@ -137,13 +121,9 @@ TEST_F(DrawTest, DepthTicksNumberEveryFifthFootAndMarkFeetNeverFound) {
         ASSERT_EQ(texts.size(), s.number ? 1u : 0u);
         if (s.number) {
             EXPECT_EQ(texts[0].text, s.number);
-            EXPECT_TRUE(texts[0].bold);
-            EXPECT_EQ(texts[0].y1, 2900);
         }
     }
-    // "NF" and its tick are red.
-    EXPECT_EQ(canvas->texts()[0].color, 255);
-    EXPECT_EQ(canvas->lines()[0].color, 255);
+    EXPECT_EQ(canvas->texts()[0].color, 255) << "NF is red";
 }
 
 TEST_F(DrawTest, TextBoxesAndTheRowTablesAreLeftForTheMouse) {
@@ -158,48 +138,35 @@ TEST_F(DrawTest, TextBoxesAndTheRowTablesAreLeftForTheMouse) {
     EXPECT_TRUE(box.Visible);
     EXPECT_EQ(box.Left, 2500);
     EXPECT_EQ(box.Caption, "Shale top");
-    EXPECT_EQ(box.Tag, "1701");
     EXPECT_EQ(c.TextBoxCount, 2);
-    // The row under the box is its record.
+    // The row under the box is its record, at its depth; rows run without a
+    // hole from the top of the plot.
     const int y = static_cast<int>(box.Top);
     EXPECT_NEAR(c.RowRecordId[y], 1701, 1);
     EXPECT_NEAR(c.RowDepth[y], 1170, 1);
-    // Rows run without a hole from the top of the plot to the oldest drawn.
     EXPECT_EQ(c.RowRecordId[static_cast<int>(c.ChartTop)], 1800);
-    EXPECT_EQ(c.RowRecordId[static_cast<int>(c.ChartTop) - 1], 0);
     for (int yy = static_cast<int>(c.ChartTop); yy < y; ++yy) ASSERT_NE(c.RowRecordId[yy], 0);
+    // Drawn from the newest down to the first record: the position bar's
+    // pointer at its top.
     EXPECT_EQ(c.ChartBottomRecord, -1);
-    // At the newest record the pointer of the position bar is at the top.
     EXPECT_EQ(c.ViewBarY, 0);
 }
 
-TEST_F(DrawTest, TheKeyListsTickedCurvesInTheirRowsAndColours) {
+TEST_F(DrawTest, TheKeyListsTickedCurvesInTheirRowsAndTheGasGoesOnLast) {
     threeHours();
-    auto& s = ws.fm_setup;
-    for (auto* box :
-         {&s.ch_show_h2s, &s.ck_c_values, &s.ck_ext_amps, &s.ck_cg_temp, &s.ck_cg_prs,
-          &s.ck_dc_volts, &s.ck_ac_volts, &s.ck_temp, &s.ck_hrm_temp, &s.ch_show_bd, &s.ch_o2,
-          &s.ck_wits, &s.ch_co2, &s.ck_exh_prs, &s.ck_vac_flow, &s.ch_show_chromatograph})
-        box->setChecked(true);
-    for (auto& box : s.ck_Show_Custom_Wits) box.setChecked(true);
-    s.txt_custom_wits_name[0].setText("Weight On Bit");
-    s.op1_oil_ind.setValue(1);
+    ws.fm_setup.ch_show_h2s.setChecked(true);
+    ws.fm_setup.ck_Show_Custom_Wits[0].setChecked(true);
+    ws.fm_setup.txt_custom_wits_name[0].setText("Weight On Bit");
     draw();
-    // Words and colour (hex) of each row of the key, top down.
-    const QString want =
-        "GU ff|Bit Dep 0|Exha 80ff|OilInd ff00ff|H2S 80ff|C Val 0|Temp 0|EX A d000|"
-        "CG T 0|CG P ff0000|DC V ff|AC V ff0000|HRM T 0|O2 ff0000|CO2 ff00ff|"
-        "VAC ff0000|LPH ff00|WITS 0|Weight On Bit ff0000";
-    const double x = ws.chart.CanvasWidth + 300;
-    const auto key = canvas->texts([&](const CanvasCall& t) { return t.x1 == x; });
+    const auto key =
+        canvas->texts([&](const CanvasCall& t) { return t.x1 == ws.chart.CanvasWidth + 300; });
     QStringList got;
     for (size_t n = 0; n < key.size(); ++n) {
-        got << key[n].text + " " + QString::number(key[n].color, 16);
+        got << key[n].text;
         EXPECT_EQ(key[n].y1, ws.chart.ChartTop - 200 - 150.0 * n) << n;
     }
-    EXPECT_EQ(got.mid(0, 19).join('|'), want);
-    // The gas units go on last, over the rest: the last curve segment of a
-    // row is red.
+    EXPECT_EQ(got, QStringList({"GU", "H2S", "Weight On Bit"}));
+    // The gas units go over the rest: the last curve segment is red.
     const auto lines = canvas->lines([&](const CanvasCall& l) {
         return l.y1 != l.y2 && l.x1 > ws.chart.PlotLeft && l.y1 < ws.chart.ChartTop + 1000;
     });

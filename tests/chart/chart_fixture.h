@@ -15,7 +15,6 @@
 #include <gtest/gtest.h>
 #include <map>
 #include <memory>
-#include <sqlite3.h>
 
 namespace charttest {
 
@@ -71,29 +70,15 @@ class ChartTest : public ::testing::Test, protected testkit::Station {
                          .arg(n)
                          .arg(r.at.date().toString("MM/dd/yyyy"), r.at.time().toString("HH:mm:ss"),
                               r.at.toString("yyyy-MM-dd HH:mm:ss")));
-            if (r.cols.empty()) continue;
             QStringList sets;
-            for (const auto& kv : r.cols) sets << kv.first + " = ?";
-            sqlite3_stmt* st = nullptr;
-            const QByteArray sql = ("UPDATE OMBRI_DB_010 SET " + sets.join(',') +
-                                    " WHERE PACKET_NUM = " + QString::number(n))
-                                       .toUtf8();
-            sqlite3_prepare_v2(raw.handle(), sql.constData(), -1, &st, nullptr);
-            int i = 1;
-            for (const auto& [k, v] : r.cols) {
-                if (v.isNull())
-                    sqlite3_bind_null(st, i);
-                else if (v.typeId() == QMetaType::QString)
-                    sqlite3_bind_text(st, i, v.toString().toUtf8().constData(), -1,
-                                      SQLITE_TRANSIENT);
-                else if (v.typeId() == QMetaType::Double)
-                    sqlite3_bind_double(st, i, v.toDouble());
-                else
-                    sqlite3_bind_int64(st, i, v.toLongLong());
-                ++i;
-            }
-            EXPECT_EQ(sqlite3_step(st), SQLITE_DONE);
-            sqlite3_finalize(st);
+            for (const auto& [col, v] : r.cols)
+                sets << col + " = " +
+                            (v.typeId() == QMetaType::QString
+                                 ? "'" + v.toString() + "'"
+                                 : QString::number(v.toDouble(), 'g', 17));
+            if (!sets.isEmpty())
+                raw.exec("UPDATE OMBRI_DB_010 SET " + sets.join(',') +
+                         " WHERE PACKET_NUM = " + QString::number(n));
         }
         raw.exec("COMMIT");
     }

@@ -1,8 +1,6 @@
 #pragma once
-// Workstations over temporary program folders, and what the configuration
-// tests know of the setup panel: which controls the file keeps, which of
-// them the file can set but not clear, and a way to move every kept control
-// off its default.
+// What the configuration tests know of the setup panel: which controls the
+// file keeps, and which of them it can set but not clear.
 
 #include "config/config_file.h"
 #include "test_station.h"
@@ -14,7 +12,6 @@ namespace cfgtest {
 
 using testkit::FixedNow;
 
-// The test station with a fixed clock and its configuration file.
 struct Station : testkit::Station {
     Station() {
         ws.Now = [] { return FixedNow(); };
@@ -113,7 +110,6 @@ inline void SetEverythingOffDefault(Workstation& ws) {
     s.Gbackground_file = "/pictures/rig.jpg";
 }
 
-// The state of every control of the setup panel, one line each.
 inline QStringList PanelState(const forms::Panel& p) {
     QStringList out;
     for (const forms::Control* c : p.controls())

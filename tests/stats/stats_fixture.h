@@ -1,7 +1,6 @@
 #pragma once
-// The test station with a job whose records are written straight through the
-// store with just the columns the report reads, six seconds apart unless a
-// test says otherwise.
+// A job whose records are written straight through the store with just the
+// columns the report reads.
 
 #include "db/recordset.h"
 #include "stats/statistics.h"
@@ -34,7 +33,6 @@ inline std::vector<Rec> Repeat(int n, const Rec& r) {
     return std::vector<Rec>(size_t(n), r);
 }
 
-// A job and a workstation over it; a table test makes one per row.
 class Job : public testkit::Station {
   public:
     QString path = job;
@@ -69,7 +67,6 @@ class Job : public testkit::Station {
         d.CommitTrans();
     }
 
-    // Runs the report; its lines as the file holds them.
     QStringList run() {
         stats::Generate_Stats_Report(ws);
         return lines(report);

@@ -13,15 +13,12 @@ struct DateCase {
 };
 
 TEST(ParseDate, EveryAcceptedForm) {
+    // One of each form; two-digit years pivot between 69 and 70.
     const DateCase cases[] = {
-        {"1/5/2024", 2024, 1, 5},    {"01/05/2024", 2024, 1, 5}, {"12/31/1999", 1999, 12, 31},
-        {"1/05/2024", 2024, 1, 5},   {"1/5/24", 2024, 1, 5},     {"3/4/69", 2069, 3, 4},
-        {"3/4/70", 1970, 3, 4},      {"3/4/99", 1999, 3, 4},     {"3/4/00", 2000, 3, 4},
-        {"2024/01/05", 2024, 1, 5},  {"2024-01-05", 2024, 1, 5}, {"2024-12-31", 2024, 12, 31},
-        {"2024/Jan/05", 2024, 1, 5}, {"2024/jan/5", 2024, 1, 5}, {"5-Jan-2024", 2024, 1, 5},
-        {"05-JAN-2024", 2024, 1, 5}, {"5 Jan 2024", 2024, 1, 5}, {"17  sep   2003", 2003, 9, 17},
-        {"5-Jan-24", 2024, 1, 5},    {"5-Dec-85", 1985, 12, 5},  {"29-Feb-2024", 2024, 2, 29},
-        {"2000/02/29", 2000, 2, 29}, {" 1/5/2024 ", 2024, 1, 5}, {"\t2024-12-31\t", 2024, 12, 31},
+        {"1/5/2024", 2024, 1, 5},   {"01/05/24", 2024, 1, 5},     {"3/4/69", 2069, 3, 4},
+        {"3/4/70", 1970, 3, 4},     {"2024/01/05", 2024, 1, 5},   {"2024-12-31", 2024, 12, 31},
+        {"2024/jan/5", 2024, 1, 5}, {"05-JAN-2024", 2024, 1, 5},  {"17  sep   2003", 2003, 9, 17},
+        {"5-Dec-85", 1985, 12, 5},  {"29-Feb-2024", 2024, 2, 29}, {"\t2024-12-31 ", 2024, 12, 31},
     };
     for (const auto& c : cases) {
         const auto d = text::ParseDate(QString::fromLatin1(c.text));
@@ -33,13 +30,10 @@ TEST(ParseDate, EveryAcceptedForm) {
 TEST(ParseDate, RejectsEverythingElse) {
     // clang-format off
     const char* bad[] = {
-        "",             "   ",            "13/1/2024",   "0/1/2024",    "1/0/2024",
-        "1/32/2024",    "2/30/2024",      "2/29/2023",   "4/31/2024",   "1900-02-29",
-        "2024/01-05",   "2024-01/05",     "1/5",         "1/5/202",     "1/5/20245",
-        "123/4/2024",   "1/123/2024",     "2024-Jan-05", "Jan 5 2024",  "5 January 2024",
-        "5-Janu-2024",  "5 Jan 24",       "5/Jan/2024",  "2024/01/05x", "1-5-2024",
-        "05.01.2024",   "1/5/2024 10:00", "0000-01-01",  "5-Foo-2024",  "-1/5/2024",
-        "1 / 5 / 2024", "20240105",       "\xef\xbc\x91/5/2024"};
+        "",           "13/1/2024",   "1/32/2024",   "2/29/2023",      "1900-02-29",
+        "2024/01-05", "1/5",         "1/5/202",     "123/4/2024",     "2024-Jan-05",
+        "Jan 5 2024", "5 Jan 24",    "5/Jan/2024",  "2024/01/05x",    "1-5-2024",
+        "5-Foo-2024", "1 / 5 / 2024", "20240105",   "\xef\xbc\x91/5/2024"};
     // clang-format on
     for (const char* s : bad) EXPECT_FALSE(text::ParseDate(QString::fromUtf8(s)).has_value()) << s;
 }
@@ -50,11 +44,9 @@ TEST(ParseTime, TwelveAndTwentyFourHourFormsAndBadTexts) {
         int h, m, s;
     };
     const TimeCase good[] = {
-        {"10:30:15", 10, 30, 15},  {"9:05", 9, 5, 0},         {"09:05:07", 9, 5, 7},
-        {"0:00", 0, 0, 0},         {"23:59:59", 23, 59, 59},  {"12:00 AM", 0, 0, 0},
-        {"12:00 PM", 12, 0, 0},    {"1:15 PM", 13, 15, 0},    {"11:59:59 pm", 23, 59, 59},
-        {"12:30:00 am", 0, 30, 0}, {"7:45AM", 7, 45, 0},      {"11:00 Am", 11, 0, 0},
-        {" 10:30 ", 10, 30, 0},    {"6:07:08  PM", 18, 7, 8},
+        {"10:30:15", 10, 30, 15}, {"9:05", 9, 5, 0},           {"12:00 AM", 0, 0, 0},
+        {"12:00 PM", 12, 0, 0},   {"11:59:59 pm", 23, 59, 59}, {"7:45AM", 7, 45, 0},
+        {" 10:30 ", 10, 30, 0},   {"6:07:08  PM", 18, 7, 8},
     };
     for (const auto& c : good) {
         const auto t = text::ParseTime(QString::fromLatin1(c.text));
@@ -63,10 +55,9 @@ TEST(ParseTime, TwelveAndTwentyFourHourFormsAndBadTexts) {
     }
 
     const char* bad[] = {
-        "",         "25:00",   "24:00",       "12:60",      "12:00:60", "13:00 PM",
-        "0:30 AM",  "12:5",    "123:00",      "12:000",     "12",       "12:00:00:00",
-        "12:00 XM", "12:00 P", "12:00:",      ":30",        "12-00",    "10:30 PM extra",
-        "1O:30",    "10:30:5", "10:30 AM PM", "12:00:00.5", "-1:00",
+        "",      "24:00",  "12:60",       "12:00:60",   "13:00 PM", "0:30 AM",
+        "12:5",  "123:00", "12:00:00:00", "12:00 XM",   ":30",      "10:30 PM extra",
+        "1O:30", "-1:00",  "10:30 AM PM", "12:00:00.5",
     };
     for (const char* s : bad) EXPECT_FALSE(text::ParseTime(QString::fromLatin1(s))) << s;
 }
@@ -100,15 +91,10 @@ TEST(ParseDateTime, DateThenTimeWithBlanksBetween) {
 }
 
 TEST(ShortForms, DateTimeAndGeneral) {
-    EXPECT_EQ(text::ShortDate(QDate(2024, 1, 5)), "01/05/2024");
     EXPECT_EQ(text::ShortDate(QDate(999, 12, 31)), "12/31/0999");
-    EXPECT_EQ(text::ShortTime(QTime(7, 5, 3)), "07:05:03");
-    EXPECT_EQ(text::ShortTime(QTime(23, 0, 0)), "23:00:00");
     EXPECT_EQ(text::ShortTime(QTime(0, 0, 0, 999)), "00:00:00");
     EXPECT_EQ(text::GeneralDate(QDateTime(QDate(2024, 1, 5), QTime(23, 0, 0))),
               "01/05/2024 23:00:00");
-    EXPECT_EQ(text::ShortDate(QDate()), "");
-    EXPECT_EQ(text::ShortTime(QTime()), "");
     EXPECT_EQ(text::GeneralDate(QDateTime()), "");
 }
 
@@ -135,12 +121,6 @@ TEST(FormatDate, ThePatternsOfTheProgram) {
             << pattern.toStdString();
     }
 
-    // Every month's name; the round trip below reads each of them back.
-    const char* months[] = {"Jan", "Feb", "Mar", "Apr", "May", "Jun",
-                            "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
-    for (int m = 1; m <= 12; ++m)
-        EXPECT_EQ(text::FormatDate(QDateTime(QDate(1987, m, 1), QTime(0, 0)), u"MMM"),
-                  QString::fromLatin1(months[m - 1]));
     EXPECT_EQ(text::FormatDate(QDateTime(QDate(2009, 11, 30), QTime(0, 0)), u"YY YYYY"), "09 2009");
     EXPECT_EQ(text::FormatDate(QDateTime(), u"YYYY"), "");
 }

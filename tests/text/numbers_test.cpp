@@ -68,22 +68,6 @@ TEST(Str, RoundTripsThroughVal) {
             ASSERT_FALSE(s.contains(u'E')) << s.toStdString();
         }
     }
-
-    // Short decimal texts come back exactly as written: that is what
-    // "shortest" means for numbers typed by a person.
-    std::uniform_int_distribution<long long> whole(0, 99999999);
-    std::uniform_int_distribution<int> places(0, 6);
-    for (int k = 0; k < 20000; ++k) {
-        const long long n = whole(gen);
-        const int p = places(gen);
-        QString digits = QString::number(n).rightJustified(p + 1, u'0');
-        QString written = digits.left(digits.size() - p);
-        QString fraction = digits.right(p);
-        while (fraction.endsWith(u'0')) fraction.chop(1);
-        if (!fraction.isEmpty()) written += u'.' + fraction;
-        if (n != 0 && k % 3 == 0) written.prepend(u'-');
-        ASSERT_EQ(text::Str(text::Val(written)), written);
-    }
 }
 
 TEST(Rounding, TiesNegativesAndSaturation) {

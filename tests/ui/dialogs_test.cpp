@@ -53,27 +53,12 @@ void typeAndAccept(QFileDialog* d, const QString& name) {
 
 } // namespace
 
-TEST(Dialogs, TheProgramsFiltersBecomeTheDialogsList) {
-    EXPECT_EQ(ui::dialogFilters("Data Base File (*.DB) | *.db;*.DB | All Files (*.*) | *.*"),
-              QStringList({"Data Base File (*.db *.DB)", "All Files (*.*)"}));
-    // The words are the description's; the patterns are the second half's.
-    EXPECT_EQ(ui::dialogFilters("Wave File (*.TXT) | *.txt;*.TXT | All Files (*.*) | *.*"),
-              QStringList({"Wave File (*.txt *.TXT)", "All Files (*.*)"}));
-    EXPECT_EQ(ui::dialogFilters("LAS file (*.LAS)|*.las; *.LAS;"),
-              QStringList({"LAS file (*.las *.LAS)"}));
-    EXPECT_EQ(ui::dialogFilters(""), QStringList());
-    EXPECT_EQ(ui::dialogFilters("Just words"), QStringList());
-    EXPECT_EQ(ui::dialogPath("C:\\gas\\DB_CUE\\"), "C:/gas/DB_CUE");
-    EXPECT_EQ(ui::dialogPath("/opt/gas//DB_CUE/"), "/opt/gas/DB_CUE");
-}
-
 TEST(Dialogs, AYesNoBoxShowsTitleAndTextAndGivesTheAnswer) {
     ui::WidgetDialogs dialogs;
     QString title, text;
     answerWhenShown<QMessageBox>([&](QMessageBox* box) {
         title = box->windowTitle();
         text = box->text();
-        EXPECT_NE(box->button(QMessageBox::Yes), nullptr);
         box->button(QMessageBox::No)->click();
     });
     EXPECT_EQ(dialogs.MsgBox("Are you sure you want to exit?", platform::Buttons::YesNo,
@@ -81,10 +66,6 @@ TEST(Dialogs, AYesNoBoxShowsTitleAndTextAndGivesTheAnswer) {
               platform::Answer::No);
     EXPECT_EQ(title, "EXIT PROGRAM?");
     EXPECT_EQ(text, "Are you sure you want to exit?");
-
-    answerWhenShown<QMessageBox>([](QMessageBox* box) { box->button(QMessageBox::Yes)->click(); });
-    EXPECT_EQ(dialogs.MsgBox("Delete?", platform::Buttons::YesNo, "DELETE", platform::Icon::Stop),
-              platform::Answer::Yes);
 
     answerWhenShown<QMessageBox>([](QMessageBox* box) {
         EXPECT_EQ(box->button(QMessageBox::No), nullptr);
@@ -96,7 +77,7 @@ TEST(Dialogs, AYesNoBoxShowsTitleAndTextAndGivesTheAnswer) {
               platform::Answer::Ok);
 }
 
-TEST(Dialogs, FileDialogsStartInTheFolderWithTheFilterAndReturnTheChoice) {
+TEST(Dialogs, FileDialogsStartInTheFolderWithTheProgramsFilterAndReturnTheChoice) {
     QTemporaryDir dir;
     QFile job(dir.filePath("DEMO.db"));
     ASSERT_TRUE(job.open(QIODevice::WriteOnly));
@@ -128,6 +109,12 @@ TEST(Dialogs, FileDialogsStartInTheFolderWithTheFilterAndReturnTheChoice) {
     });
     EXPECT_EQ(dialogs.SaveFile("Save Data Base As", filter, dir.path()),
               dir.filePath("NEW_JOB.db"));
+
+    // Odd spacing in a list, a list of words alone, a folder in the older form.
+    EXPECT_EQ(ui::dialogFilters("LAS file (*.LAS)|*.las; *.LAS;"),
+              QStringList({"LAS file (*.las *.LAS)"}));
+    EXPECT_EQ(ui::dialogFilters("Just words"), QStringList());
+    EXPECT_EQ(ui::dialogPath("C:\\gas\\DB_CUE\\"), "C:/gas/DB_CUE");
 }
 
 TEST(Dialogs, TheColourDialogStartsOnTheColourAndGivesRedInTheLowByte) {

@@ -30,11 +30,6 @@ inline void enter(QWidget* w) {
     key(w, Qt::Key_Return, QStringLiteral("\r"));
 }
 
-inline void focusIn(QWidget* w) {
-    QFocusEvent in(QEvent::FocusIn, Qt::TabFocusReason);
-    QApplication::sendEvent(w, &in);
-}
-
 inline void leave(QWidget* w) {
     QFocusEvent out(QEvent::FocusOut, Qt::TabFocusReason);
     QApplication::sendEvent(w, &out);

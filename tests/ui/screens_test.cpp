@@ -3,14 +3,12 @@
 // that do not fit their control.
 #include "acquisition/live_fields.h"
 #include "acquisition/parser.h"
-#include "packets.h"
 #include "station.h"
+#include "tools/common/drilling_model.h"
 #include "ui/chart_canvas.h"
 #include "ui/setup_view.h"
 
 #include <QAbstractButton>
-#include <QCoreApplication>
-#include <QDir>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -22,17 +20,9 @@ using uitest::Station;
 
 namespace {
 
+using uitest::shoot;
+
 const QSize kScreens[] = {{1366, 768}, {1920, 1080}};
-
-QString shotsDir() {
-    const QString dir = QStringLiteral(GASCHART_BINARY_DIR "/ui-shots");
-    QDir().mkpath(dir);
-    return dir;
-}
-
-void settle() {
-    for (int i = 0; i < 5; ++i) QCoreApplication::processEvents();
-}
 
 // Controls whose words do not fit: narrower or lower than the least they
 // need. A label that wraps its words needs only its height.
@@ -75,13 +65,17 @@ bool scrollsSideways(QWidget* top) {
     return false;
 }
 
-QString sizeName(QSize s) {
-    return QString::number(s.width()) + "x" + QString::number(s.height());
-}
-
-void shoot(QWidget* w, const QString& name) {
-    settle();
-    EXPECT_TRUE(w->grab().save(shotsDir() + "/" + name + ".png")) << name.toStdString();
+// Packets of the drilling model through the parser onto the screens, as
+// the intake tick does with what the instrument sends.
+void feedPackets(Workstation& ws, int count) {
+    drill::Model model;
+    for (int i = 0; i < count; ++i) {
+        const QString line = drill::Model::PacketLine(model.next());
+        station::disply_text(ws, line);
+        ws.packet.Gline_buffer += line;
+        acq::Parse_Ombri_String(ws);
+        acq::fill_vis_fields(ws);
+    }
 }
 
 } // namespace
@@ -90,18 +84,18 @@ TEST(Screens, EveryScreenFitsItsWordsAtBothSizesAndIsSavedForALook) {
     Station st;
     ASSERT_TRUE(st.loaded);
     // An hour of drilling through the parser, as the instrument sends it.
-    uitest::feedPackets(st.ws, 40);
+    feedPackets(st.ws, 40);
 
     for (const QSize screen : kScreens) {
-        const QString at = sizeName(screen);
+        const QString at = QStringLiteral("%1x%2").arg(screen.width()).arg(screen.height());
 
         st.main()->showNormal();
         st.main()->resize(screen * 0.92);
-        settle();
+        uitest::settle();
         EXPECT_EQ(said(clipped(st.main())), "") << "main " << at.toStdString();
         // The control box floats wholly on the chart, at its own place.
         const ui::ChartCanvas* canvas = st.main()->canvas();
-        const auto* frame6 = st.widget("Frame6");
+        const auto* frame6 = st.widgetOf("fm_Gas_Chart", "Frame6");
         EXPECT_TRUE(canvas->rect().contains(frame6->geometry())) << at.toStdString();
         const QPointF place(st.ws.fm_Gas_Chart.Frame6.left(), st.ws.fm_Gas_Chart.Frame6.top());
         EXPECT_LE((canvas->toPixels(place) - frame6->pos()).manhattanLength(), 2);
@@ -111,7 +105,7 @@ TEST(Screens, EveryScreenFitsItsWordsAtBothSizesAndIsSavedForALook) {
             ui::PanelWindow* w = st.window(panel);
             w->panel().form.setVisible(true);
             w->resize(w->preferredSize(screen));
-            settle();
+            uitest::settle();
             EXPECT_LE(w->minimumSizeHint().width(), screen.width()) << panel;
             EXPECT_EQ(said(clipped(w)), "") << panel << " " << at.toStdString();
             shoot(w, QString(panel) + "_" + at);
@@ -124,7 +118,7 @@ TEST(Screens, EveryScreenFitsItsWordsAtBothSizesAndIsSavedForALook) {
         QTabWidget* tabs = setup->tabs();
         for (int i = 0; i < tabs->count(); ++i) {
             tabs->setCurrentIndex(i);
-            settle();
+            uitest::settle();
             const QString tab = tabs->tabText(i);
             EXPECT_EQ(said(clipped(tabs->currentWidget())), "")
                 << tab.toStdString() << " " << at.toStdString();

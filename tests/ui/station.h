@@ -1,6 +1,6 @@
 #pragma once
 // The test station with its desktop built over it, started as the program
-// starts it.
+// starts it, and pictures of its screens saved beside the build for a look.
 
 #include "acquisition/startup.h"
 #include "test_station.h"
@@ -8,7 +8,10 @@
 #include "ui/main_view.h"
 #include "ui/panel_window.h"
 
+#include <QCoreApplication>
+#include <QDir>
 #include <QWidget>
+#include <gtest/gtest.h>
 
 namespace uitest {
 
@@ -23,15 +26,22 @@ struct Station : testkit::Station {
     }
     ui::MainView* main() const { return desktop.main(); }
     ui::PanelWindow* window(const QString& panel) const { return desktop.panel(panel); }
-    // The widget of a control by its object name, anywhere on the desktop.
-    template <class W = QWidget> W* widget(const QString& name) const {
-        if (W* w = main()->findChild<W*>(name)) return w;
-        return nullptr;
-    }
+    // The widget of a control by its object name on one panel.
     template <class W = QWidget> W* widgetOf(const QString& panel, const QString& name) const {
         QWidget* top = panel == "fm_Gas_Chart" ? static_cast<QWidget*>(main()) : window(panel);
         return top ? top->findChild<W*>(name) : nullptr;
     }
 };
+
+inline void settle() {
+    for (int i = 0; i < 5; ++i) QCoreApplication::processEvents();
+}
+
+inline void shoot(QWidget* w, const QString& name) {
+    settle();
+    const QString dir = QStringLiteral(GASCHART_BINARY_DIR "/ui-shots");
+    QDir().mkpath(dir);
+    EXPECT_TRUE(w->grab().save(dir + "/" + name + ".png")) << name.toStdString();
+}
 
 } // namespace uitest
