@@ -1,6 +1,7 @@
 #include "acquisition/control_box.h"
 
 #include "chart/chart.h"
+#include "chart/floating_boxes.h"
 #include "config/config_file.h"
 #include "text/numbers.h"
 #include "workstation/workstation.h"
@@ -74,6 +75,12 @@ void cmd_redraw_chart_Click(Workstation& ws) {
 void fm_Gas_Chart_MouseDown(Workstation& ws, bool leftButton) {
     ws.fm_Gas_Chart.Frame6.setVisible(!leftButton);
     config::WriteConfigFile(ws);
+}
+
+void Frame6_MouseUp(Workstation& ws, int Button, double X, double Y) {
+    // The box's new place is kept at once, not only at the next minute's
+    // write, so the program finds it there after a crash too.
+    if (chart::Box_MouseUp(ws, ws.fm_Gas_Chart.Frame6, Button, X, Y)) config::WriteConfigFile(ws);
 }
 
 } // namespace acq

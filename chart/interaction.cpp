@@ -132,8 +132,12 @@ void Jump(Workstation& ws, double Y) {
     make_chart(ws);
 }
 
-void OpenGeoEdit(Workstation& ws, double Y, int row) {
+// The box opens left of the tick band the pointer is in, at the pointer's
+// height, or 3000 twips higher near the bottom so that all of it shows.
+void OpenGeoEdit(Workstation& ws, double X, double Y, int row) {
     auto& fm = ws.fm_Gas_Chart;
+    const double height = ws.chart.graph ? ws.chart.graph->Height() : 0;
+    fm.Geo_edit.setPlace(X - 3300, Y > height - 3000 ? Y - 3000 : Y);
     fm.Geo_edit.setVisible(true);
     fm.sel_type.setVisible(false);
     fm.Frame6.setVisible(false);
@@ -220,7 +224,7 @@ void graph_MouseUp(Workstation& ws, int Button, int Shift, double X, double Y) {
         fm.Geo_edit.setVisible(false);
         fm.sel_type.setVisible(false);
     } else if (Button == kRightButton) {
-        OpenGeoEdit(ws, Y, PointerRow(ws, Y));
+        OpenGeoEdit(ws, X, Y, PointerRow(ws, Y));
         Present(ws);
     }
 }
@@ -241,6 +245,7 @@ void graph_DblClick(Workstation& ws) {
     } else if (c.SelectEndX < 0) {
         c.SelectEndX = static_cast<int32_t>(std::lround(X));
         c.SelectEndY = Slot(std::clamp(Y, c.ChartTop, c.ChartBottom));
+        ws.fm_Gas_Chart.sel_type.setPlace(X, c.SelectEndY);
         ws.fm_Gas_Chart.sel_type.setVisible(true);
     }
     Present(ws);

@@ -136,12 +136,21 @@ std::vector<Entry> BuildEntries() {
             ws.fm_Gas_Chart.txt_db_path.setText(db::JobPath(v));
         },
         [](Workstation& ws) { return ws.fm_Gas_Chart.txt_db_path.text(); }));
+    // The control box stands where the operator last dragged it.
     t.push_back(Value(
-        "[MENU X]", [](Workstation& ws, const QString& v) { ws.settings.MenuX = text::Val(v); },
-        [](Workstation& ws) { return text::Str(ws.settings.MenuX); }));
+        "[MENU X]",
+        [](Workstation& ws, const QString& v) {
+            auto& box = ws.fm_Gas_Chart.Frame6;
+            box.setPlace(text::Val(v), box.top());
+        },
+        [](Workstation& ws) { return text::Str(ws.fm_Gas_Chart.Frame6.left()); }));
     t.push_back(Value(
-        "[MENU Y]", [](Workstation& ws, const QString& v) { ws.settings.MenuY = text::Val(v); },
-        [](Workstation& ws) { return text::Str(ws.settings.MenuY); }));
+        "[MENU Y]",
+        [](Workstation& ws, const QString& v) {
+            auto& box = ws.fm_Gas_Chart.Frame6;
+            box.setPlace(box.left(), text::Val(v));
+        },
+        [](Workstation& ws) { return text::Str(ws.fm_Gas_Chart.Frame6.top()); }));
     t.push_back(Value(
         "[REFRESH TIMER SECONDS]",
         [](Workstation& ws, const QString& v) {

@@ -33,7 +33,8 @@ enum class Prop {
     Enabled,
     ToolTip,
     Range,
-    Items
+    Items,
+    Place
 };
 
 class Control {
@@ -103,6 +104,26 @@ class Control {
         emit(Prop::Items);
     }
 
+    // Where a box floating over the chart stands and how big it is, in
+    // twips of the canvas. The logic sets the place; the view tells the
+    // size its widget takes, so a drag can keep the whole box in sight.
+    double left() const { return left_; }
+    double top() const { return top_; }
+    double width() const { return width_; }
+    double height() const { return height_; }
+    void setPlace(double left, double top) {
+        if (left == left_ && top == top_) return;
+        left_ = left;
+        top_ = top;
+        emit(Prop::Place);
+    }
+    void setSize(double width, double height) {
+        if (width == width_ && height == height_) return;
+        width_ = width;
+        height_ = height;
+        emit(Prop::Place);
+    }
+
     // Position in a control array; -1 for a single control.
     int index() const { return index_; }
     void setIndex(int i) { index_ = i; }
@@ -134,6 +155,10 @@ class Control {
         toolTip_ = o.toolTip_;
         items_ = o.items_;
         index_ = o.index_;
+        left_ = o.left_;
+        top_ = o.top_;
+        width_ = o.width_;
+        height_ = o.height_;
     }
 
     QString name_;
@@ -149,6 +174,10 @@ class Control {
     QString toolTip_;
     QStringList items_;
     int index_ = -1;
+    double left_ = 0;
+    double top_ = 0;
+    double width_ = 0;
+    double height_ = 0;
     std::vector<Listener> listeners_;
 };
 

@@ -3,7 +3,9 @@
 namespace forms {
 
 FmGasChart::FmGasChart() : Panel("fm_Gas_Chart", " Ombri Instruments Gas Chart") {
-    add(Frame6, "Frame6");
+    // The control box starts over the top of the depth graph, clear of the
+    // position bar and of the gas plot.
+    add(Frame6, "Frame6", "Gas Chart Control Box").setPlace(250, 100);
     add(sel_type, "sel_type", "Select Items Box").setVisible(false);
     add(Geo_edit, "Geo_edit", "Geolograph Edit Box").setVisible(false);
     add(cmd_comm1, "cmd_comm1", "Kettlewick Disconnected").setBackColor(color::Red);

@@ -268,6 +268,10 @@ void Link::apply(Prop p) {
     case Prop::ToolTip:
         w_->setToolTip(c_->toolTip());
         break;
+    case Prop::Place:
+        // Only the boxes floating over the chart have a place, and their
+        // view maps it through the canvas's scale itself.
+        break;
     }
 }
 

@@ -43,6 +43,13 @@ QPointF ChartCanvas::toTwips(QPointF px) const {
     return {px.x() * g.Width() / width(), px.y() * g.Height() / height()};
 }
 
+QPointF ChartCanvas::toPixels(QPointF twips) const {
+    if (!ws_ || !ws_->chart.graph) return {};
+    const auto& g = *ws_->chart.graph;
+    if (g.Width() <= 0 || g.Height() <= 0) return {};
+    return {twips.x() * width() / g.Width(), twips.y() * height() / g.Height()};
+}
+
 void ChartCanvas::paintEvent(QPaintEvent* e) {
     QPainter p(this);
     if (image_.isNull()) {

@@ -23,6 +23,8 @@ class ChartCanvas : public QWidget {
     // A widget point in twips of the chart's canvas: the picture fills the
     // widget whatever its pixel size, so each axis has its own scale.
     QPointF toTwips(QPointF px) const;
+    // A point of the canvas in twips as a widget point, by the same scales.
+    QPointF toPixels(QPointF twips) const;
     // Told of each new size of the widget, in pixels.
     std::function<void(QSize)> resized;
 

@@ -6,6 +6,7 @@
 #include "ui/binder.h"
 #include "ui/chart_canvas.h"
 #include "ui/control_widgets.h"
+#include "ui/floating_box.h"
 #include "ui/log.h"
 #include "workstation/image_canvas.h"
 #include "workstation/workstation.h"
@@ -14,7 +15,6 @@
 #include <QCoreApplication>
 #include <QFrame>
 #include <QGridLayout>
-#include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QLoggingCategory>
@@ -34,15 +34,12 @@ const struct {
     const char* left;
     const char* right;
 } kControlBox[] = {
-    {"cmd_comm1", nullptr},
-    {"cmd_WITS_info", nullptr},
+    {"cmd_comm1", "cmd_WITS_info"},
     {"cmd_refresh", "txt_refresh_timer"},
-    {"cmd_redraw_chart", nullptr},
+    {"cmd_redraw_chart", "cmd_reset_view"},
     {"cmd_page_up", "cmd_page_down"},
     {"cmd_zoom_in", "cmd_zoom_out"},
-    {"cmd_reset_view", nullptr},
-    {"cmd_off_bottom_overide", nullptr},
-    {"cmd_pumps", nullptr},
+    {"cmd_off_bottom_overide", "cmd_pumps"},
     {"lbl_Line_Lag", "txt_TotalStr"},
     {"cmd_setup", "cmd_moredata"},
     {"", nullptr},
@@ -86,7 +83,7 @@ MainView::MainView(Workstation& ws) : ws_(ws) {
     canvas_->attach(ws);
     row->addWidget(canvas_, 1);
     attachCanvas();
-    row->addWidget(buildControlBox(), 0);
+    buildControlBox();
     setCentralWidget(central);
 }
 
@@ -123,12 +120,12 @@ void MainView::redrawAfterResize() {
     }
 }
 
-QWidget* MainView::buildControlBox() {
+void MainView::buildControlBox() {
     auto& fm = ws_.fm_Gas_Chart;
-    auto* box = new QGroupBox;
-    bind(box, fm.Frame6);
-    box->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Expanding);
+    auto* frame6 = new FloatingBox(ws_, fm.Frame6, canvas_, &acq::Frame6_MouseUp);
+    QWidget* box = frame6->body();
     auto* grid = new QGridLayout(box);
+    grid->setContentsMargins(4, 2, 4, 4);
     grid->setVerticalSpacing(4);
 
     QSet<const forms::Control*> placed{&fm.Frame6, &fm.ln_selecter};
@@ -168,8 +165,9 @@ QWidget* MainView::buildControlBox() {
             left->setFont(f);
         }
         if (auto* msg = qobject_cast<QPlainTextEdit*>(left)) {
-            msg->setMinimumHeight(msg->fontMetrics().lineSpacing() * 8);
-            grid->setRowStretch(r, 1);
+            // Five lines of news: the box floats over the chart and must
+            // leave most of it in sight on a small screen.
+            msg->setFixedHeight(msg->fontMetrics().lineSpacing() * 5 + 2 * msg->frameWidth() + 8);
         }
         ++r;
     }
@@ -180,14 +178,13 @@ QWidget* MainView::buildControlBox() {
         if (QWidget* w = make(n)) chartRow->addWidget(w);
     grid->addLayout(chartRow, r++, 0, 1, 2);
 
-    // The two boxes of a chosen place on the chart: their commands stand
-    // together and show only while their box is open, so the control box
-    // keeps its height on a small screen.
+    // The two boxes of a chosen place on the chart float over it on their
+    // own, where the chart opens them.
     auto chosenPlaceBox = [&](forms::Control& model, std::initializer_list<const char*> names) {
-        auto* group = new QGroupBox(box);
-        bind(group, model);
+        auto* group = new FloatingBox(ws_, model, canvas_);
         placed.insert(&model);
-        auto* inner = new QGridLayout(group);
+        auto* inner = new QGridLayout(group->body());
+        inner->setContentsMargins(4, 2, 4, 4);
         std::vector<forms::Control*> commands;
         for (forms::Control* c : fm.controls())
             for (const char* n : names)
@@ -196,7 +193,7 @@ QWidget* MainView::buildControlBox() {
                     placed.insert(c);
                 }
         layoutControls(ws_, fm, commands, inner);
-        grid->addWidget(group, r++, 0, 1, 2);
+        group->place();
     };
     chosenPlaceBox(fm.sel_type,
                    {"cmd_Mark_GU", "cmd_del_sel_ticks", "cmd_restore_geo", "cmd_restore_all_geo",
@@ -212,7 +209,7 @@ QWidget* MainView::buildControlBox() {
     if (!others.empty()) layoutControls(ws_, fm, others, grid);
     grid->setColumnStretch(0, 1);
     grid->setColumnStretch(1, 1);
-    return box;
+    frame6->place();
 }
 
 void MainView::closeEvent(QCloseEvent* e) {

@@ -1,6 +1,7 @@
 #pragma once
-// The main screen fm_Gas_Chart: the chart canvas and, beside it, the control
-// box Frame6 with the link, refresh and job buttons and the message boxes.
+// The main screen fm_Gas_Chart: the chart canvas across the whole window,
+// and floating over it the control box Frame6 with the link, refresh and job
+// buttons and the message boxes, and the boxes of a chosen place.
 
 #include <QMainWindow>
 
@@ -26,7 +27,7 @@ class MainView : public QMainWindow {
     void mousePressEvent(QMouseEvent* e) override;
 
   private:
-    QWidget* buildControlBox();
+    void buildControlBox();
     // The chart's image canvas, shown by the canvas widget.
     void attachCanvas();
     void redrawAfterResize();

@@ -4,6 +4,7 @@
 // of the canvas, the hour block the renderer draws from, the row tables the
 // mouse reads, and the controls floating above the canvas.
 
+#include "forms/control.h"
 #include "workstation/canvas.h"
 #include "workstation/settings.h"
 
@@ -185,6 +186,11 @@ struct ChartState {
     double DragLastY = 0;
     int PlacingTextBox = 0;
     int ChosenTextBox = 0;
+
+    // A floating box (Frame6, sel_type, Geo_edit) held by the left button,
+    // and where on it the pointer took hold (twips from its corner).
+    const forms::Control* DraggedBox = nullptr;
+    double BoxGrabX = 0, BoxGrabY = 0;
 
     // The canvas graph. The program puts an image canvas here, a test a
     // recording one; none means the chart is not drawn.

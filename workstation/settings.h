@@ -51,10 +51,6 @@ struct Settings {
     long ColorMudTmp = 0xFF00FF;
     long ColorMudFlow = 192;
 
-    // Position of the control box Frame6 on the main screen, in twips.
-    double MenuX = 0;
-    double MenuY = 0;
-
     // Seconds to the next statistics report; the file sets it from the
     // stored minutes, the statistics timer counts it down.
     int32_t stats_countdown = 0;

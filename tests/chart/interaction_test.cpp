@@ -1,6 +1,7 @@
 // The mouse and the keys on a drawn chart: the read-out under the pointer,
 // a stretch chosen with two double clicks, the Shift drag, the position bar,
 // Escape, text boxes kept in the job file, and a chart that is drawing.
+#include "chart/floating_boxes.h"
 #include "chart/interaction.h"
 #include "chart_fixture.h"
 
@@ -240,6 +241,68 @@ TEST_F(InteractionTest, PositionBarJumpsByThePlaceOfTheRelease) {
     EXPECT_TRUE(ws.fm_Gas_Chart.ln_selecter.visible());
     EXPECT_EQ(c.ln_selecter_Y1, c.ln_selecter_Y2);
     EXPECT_NE(c.RowRecordId[int(c.ln_selecter_Y1)], 0);
+}
+
+TEST_F(InteractionTest, FloatingBoxesOpenWhereTheChartSaysAndDragWithinTheCanvas) {
+    job();
+    const auto& c = ws.chart;
+    auto& fm = ws.fm_Gas_Chart;
+    const double w = canvas->Width(), h = canvas->Height();
+    const double top = firstRow() + 50.0, band = c.PlotLeft - 100;
+    struct Open {
+        const char* name;
+        std::function<void()> act;
+        forms::Control& box;
+        double left, top;
+    } opens[] = {
+        {"selection at the second double click",
+         [&] {
+             dblClick(right(), top);
+             dblClick(right() + 300, lastRow() - 50.0);
+         },
+         fm.sel_type, right() + 300, lastRow() - 50.0},
+        {"geolograph box left of the pointer",
+         [&] { graph_MouseUp(ws, kRightButton, 0, band, top); }, fm.Geo_edit, band - 3300, top},
+        {"geolograph box 3000 up at the bottom",
+         [&] { graph_MouseUp(ws, kRightButton, 0, band, h - 2999); }, fm.Geo_edit, band - 3300,
+         h - 5999},
+    };
+    for (const auto& k : opens) {
+        SCOPED_TRACE(k.name);
+        graph_KeyPress(ws, kEscape);
+        k.act();
+        EXPECT_TRUE(k.box.visible());
+        EXPECT_EQ(k.box.left(), k.left);
+        EXPECT_EQ(k.box.top(), k.top);
+    }
+
+    // A press on the box, a move and a release: the box goes by the
+    // pointer's travel, as far as the canvas lets it.
+    struct Drag {
+        const char* name;
+        int button;
+        double fromLeft, fromTop, dx, dy, left, top;
+    } drags[] = {
+        {"inside", kLeftButton, 3000, 2000, 1500, 800, 4500, 2800},
+        {"past the right and bottom", kLeftButton, 3000, 2000, 20000, 20000, w - 2000, h - 1500},
+        {"past the left and top", kLeftButton, 3000, 2000, -5000, -4000, 0, 0},
+        {"from off the canvas, as seen", kLeftButton, -700, h, 100, -100, 100, h - 1600},
+        {"the right button", kRightButton, 3000, 2000, 1500, 800, 3000, 2000},
+    };
+    for (const auto& k : drags) {
+        SCOPED_TRACE(k.name);
+        for (forms::Control* box : {&fm.Frame6, &fm.sel_type}) {
+            box->setSize(2000, 1500);
+            box->setPlace(k.fromLeft, k.fromTop);
+            const double x = std::max(k.fromLeft, 0.0) + 300,
+                         y = std::min(k.fromTop, h - 1500) + 80;
+            Box_MouseDown(ws, *box, k.button, x, y);
+            Box_MouseMove(ws, *box, k.button, x + k.dx, y + k.dy);
+            EXPECT_EQ(Box_MouseUp(ws, *box, k.button, x + k.dx, y + k.dy), k.button == kLeftButton);
+            EXPECT_EQ(box->left(), k.left);
+            EXPECT_EQ(box->top(), k.top);
+        }
+    }
 }
 
 TEST_F(InteractionTest, TextBoxesAreKeptOneToARecordInTheJobFile) {

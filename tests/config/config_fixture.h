@@ -95,12 +95,11 @@ inline void SetEverythingOffDefault(Workstation& ws) {
     p.op_cg_percent_sam.setValue(1);
 
     ws.fm_Gas_Chart.txt_db_path.setText("/jobs/well 7/WELL7.DB");
+    ws.fm_Gas_Chart.Frame6.setPlace(2400, 360);
     ws.chart.Grefresh_seconds = 240;
     ws.packet.Gserial_number = "4711";
     auto& s = ws.settings;
     s.Zoom = 4;
-    s.MenuX = 2400;
-    s.MenuY = 360;
     // The nine curve colours 1 to 9, in the order the file keeps them.
     using S = config::Settings;
     long S::*const colours[] = {&S::ColorC1,         &S::ColorC2,     &S::ColorC3,

@@ -1,6 +1,9 @@
 // The settings file carries the panel from one run to the next: what is
 // written is read back the same, except for the boxes the format can set
 // but not clear.
+#include "acquisition/control_box.h"
+#include "chart/floating_boxes.h"
+#include "chart/interaction.h"
 #include "config_fixture.h"
 #include "text/numbers.h"
 
@@ -136,4 +139,22 @@ TEST(ConfigRoundTrip, TheFileHasItsHeaderEveryTagInOrderAndCrLfEnds) {
     EXPECT_TRUE(tags.contains("[USE SERIAL]"));
     EXPECT_FALSE(tags.contains("[USE ETHERNET]"));
     EXPECT_EQ(tags.filter(QRegularExpression("^\\[LAS C VALUES IN ")).size(), 1);
+}
+
+TEST(ConfigRoundTrip, TheControlBoxIsFoundWhereItWasDraggedTo) {
+    Station a;
+    auto& box = a.ws.fm_Gas_Chart.Frame6;
+    box.setPlace(1000, 500);
+    // A release that ends no drag leaves the file alone.
+    acq::Frame6_MouseUp(a.ws, chart::kLeftButton, 1100, 520);
+    EXPECT_TRUE(a.readConfig().isEmpty());
+    chart::Box_MouseDown(a.ws, box, chart::kLeftButton, 1100, 520);
+    chart::Box_MouseMove(a.ws, box, chart::kLeftButton, 2100, 900);
+    acq::Frame6_MouseUp(a.ws, chart::kLeftButton, 3350, 1745);
+
+    Station b;
+    b.writeConfig(a.readConfig());
+    config::ReadConfigFile(b.ws);
+    EXPECT_EQ(b.ws.fm_Gas_Chart.Frame6.left(), 3250);
+    EXPECT_EQ(b.ws.fm_Gas_Chart.Frame6.top(), 1725);
 }

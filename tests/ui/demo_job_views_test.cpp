@@ -10,14 +10,17 @@
 #include "stats/statistics.h"
 #include "store/lifecycle.h"
 #include "ui/chart_canvas.h"
+#include "ui/floating_box.h"
 #include "ui/setup_view.h"
 
 #include <QCoreApplication>
 #include <QFile>
+#include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSlider>
 #include <QTabWidget>
+#include <QTest>
 #include <QTextBlock>
 #include <gtest/gtest.h>
 
@@ -97,6 +100,46 @@ TEST(DemoJobViews, TwoDoubleClicksOnTheChartWidgetChooseRowsAtAnyWidgetSizeForTh
                              .arg(newer)),
               0);
     EXPECT_GT(raw.rows(), 0);
+}
+
+TEST(DemoJobViews, ABoxFollowsADragOfItsTitleStripAndStaysOnTheCanvas) {
+    DemoStation st;
+    ASSERT_TRUE(st.loaded);
+    st.desktop.showMain();
+    auto* view = st.main()->canvas();
+    view->resize(1200, 720);
+    auto& model = st.ws.fm_Gas_Chart.Frame6;
+    model.setVisible(true);
+    auto* box = view->findChild<ui::FloatingBox*>("Frame6");
+    ASSERT_NE(box, nullptr);
+    ASSERT_LT(box->height() + 40, view->height());
+
+    // The strip is held at a point of the canvas and let go at another.
+    auto drag = [&](QPoint travel) {
+        QLabel* strip = box->titleStrip();
+        const QPoint from = strip->mapTo(view, QPoint(20, 4));
+        QTest::mousePress(strip, Qt::LeftButton, {}, strip->mapFrom(view, from));
+        QTest::mouseMove(strip, strip->mapFrom(view, from + travel));
+        QTest::mouseRelease(strip, Qt::LeftButton, {}, strip->mapFrom(view, from + travel));
+    };
+    const QPoint start = box->pos();
+    const QPointF twips(model.left(), model.top());
+    drag({70, 25});
+    EXPECT_NEAR(box->x(), start.x() + 70, 1);
+    EXPECT_NEAR(box->y(), start.y() + 25, 1);
+    const QPointF travel = view->toTwips({70, 25});
+    EXPECT_NEAR(model.left(), twips.x() + travel.x(), travel.x() / 70 + 1);
+    EXPECT_NEAR(model.top(), twips.y() + travel.y(), travel.y() / 25 + 1);
+    // Past the corners the box stops at the canvas's edges.
+    drag({-3000, -3000});
+    EXPECT_EQ(box->pos(), QPoint(0, 0));
+    EXPECT_EQ(model.left(), 0);
+    drag({5000, 5000});
+    EXPECT_NEAR(box->x() + box->width(), view->width(), 1);
+    EXPECT_NEAR(box->y() + box->height(), view->height(), 1);
+    // A click on the box is not a click on the chart: the box stays.
+    uitest::release(box, Qt::LeftButton, {5, box->height() - 5});
+    EXPECT_TRUE(model.visible());
 }
 
 TEST(DemoJobViews, TheChromatographPanelShowsARunAndItsSlidersReachTheSplit) {

@@ -5,6 +5,7 @@
 #include "acquisition/parser.h"
 #include "station.h"
 #include "tools/common/drilling_model.h"
+#include "ui/chart_canvas.h"
 #include "ui/setup_view.h"
 
 #include <QAbstractButton>
@@ -92,6 +93,12 @@ TEST(Screens, EveryScreenFitsItsWordsAtBothSizesAndIsSavedForALook) {
         st.main()->resize(screen * 0.92);
         uitest::settle();
         EXPECT_EQ(said(clipped(st.main())), "") << "main " << at.toStdString();
+        // The control box floats wholly on the chart, at its own place.
+        const ui::ChartCanvas* canvas = st.main()->canvas();
+        const auto* frame6 = st.widgetOf("fm_Gas_Chart", "Frame6");
+        EXPECT_TRUE(canvas->rect().contains(frame6->geometry())) << at.toStdString();
+        const QPointF place(st.ws.fm_Gas_Chart.Frame6.left(), st.ws.fm_Gas_Chart.Frame6.top());
+        EXPECT_LE((canvas->toPixels(place) - frame6->pos()).manhattanLength(), 2);
         shoot(st.main(), "fm_Gas_Chart_" + at);
 
         for (const char* panel : {"more_data", "fm_help", "fm_WITS", "fm_secure"}) {

@@ -177,7 +177,7 @@ TEST(Views, PanelsHideThePressOnTheScreenTheTitleAndTheExitQuestion) {
 
     // A press on the screen hides the control box and keeps the settings; a
     // right press shows it; a press on a button is the button's.
-    auto* box = st.widgetOf<QGroupBox>("fm_Gas_Chart", "Frame6");
+    auto* box = st.widgetOf("fm_Gas_Chart", "Frame6");
     QFile::remove(st.folder.file(config::kConfigFileName));
     uitest::press(st.main()->centralWidget(), Qt::LeftButton, {2, 2});
     EXPECT_FALSE(box->isVisible());
