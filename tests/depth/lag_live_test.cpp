@@ -78,7 +78,7 @@ TEST_F(LiveDuringPass, EveryPacketSentDuringAWholeFilePassIsStored) {
     EXPECT_FALSE(column("LAG_GU")[99999].isNull());
 
     // Every packet the instrument had sent by a second after the pass is
-    // stored once the intake has caught up (it parses one packet a tick).
+    // stored once the intake has caught up.
     Pump(1000);
     const std::set<long> out = sim.sent();
     ASSERT_GE(out.size(), 5u);
