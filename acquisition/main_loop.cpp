@@ -13,6 +13,45 @@
 
 namespace acq {
 
+namespace {
+
+// Whatever waits in the line buffer is parsed until a call leaves it as it
+// was: that is what the ticks to come would do with it, done now.
+void ParseLineBuffer(Workstation& ws) {
+    while (!ws.packet.Gline_buffer.isEmpty()) {
+        const QString before = ws.packet.Gline_buffer;
+        Parse_Ombri_String(ws);
+        fill_vis_fields(ws);
+        if (ws.packet.Gline_buffer == before) break;
+    }
+}
+
+// The parser takes one packet a call and drops a buffer that outgrows its
+// limit, so a read that brought several lines (the workstation was held up
+// by an export or a big redraw, or the instrument sent a burst) goes to it a
+// line at a time, each with its CR and line feed, in the order they came. A
+// partial line goes last and waits for its end as before.
+void ParseArrivedText(Workstation& ws) {
+    QString& arrived = ws.packet.Garrival_buffer;
+    if (arrived.isEmpty()) ParseLineBuffer(ws);
+    while (!arrived.isEmpty()) {
+        qsizetype end = arrived.indexOf(QChar(13));
+        if (end < 0)
+            end = arrived.size();
+        else if (end + 1 < arrived.size() && arrived[end + 1] == QChar(10))
+            end += 2;
+        else
+            end += 1;
+        ws.packet.Gline_buffer += arrived.left(end);
+        // A yield inside a parse may run the link: what it brings lands
+        // behind what is left here, so the order holds.
+        arrived.remove(0, end);
+        ParseLineBuffer(ws);
+    }
+}
+
+} // namespace
+
 void tmrDataArrival_Timer(Workstation& ws) {
     Winsock_state(ws);
     platform::InstrumentLink& link = ws.instrument();
@@ -30,14 +69,7 @@ void tmrDataArrival_Timer(Workstation& ws) {
         ws.packet.Gtransfer_buffer += ws.packet.Garrival_buffer;
         ws.packet.Garrival_buffer.clear();
     }
-    if (!ws.packet.Gtransfer_active && !ws.packet.Gparse_busy) {
-        ws.packet.Gline_buffer += ws.packet.Garrival_buffer;
-        ws.packet.Garrival_buffer.clear();
-        if (!ws.packet.Gline_buffer.isEmpty()) {
-            Parse_Ombri_String(ws);
-            fill_vis_fields(ws);
-        }
-    }
+    if (!ws.packet.Gtransfer_active && !ws.packet.Gparse_busy) ParseArrivedText(ws);
 }
 
 void tmr_refresh_Timer(Workstation& ws) {

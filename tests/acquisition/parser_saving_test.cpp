@@ -67,4 +67,33 @@ TEST_F(ParserSaving, WithoutWitsAtThePacketLocalWitsWithItsDepthAndTheAlarmIsLog
     EXPECT_EQ(raw().value("SELECT DEPTH FROM OMBRI_DB_010 WHERE PACKET_NUM = 2"), "7777.5");
 }
 
+TEST_F(ParserSaving, OneIntakeTickStoresEveryWholePacketThatArrivedInOrder) {
+    // Packets first to last come in one read, or cut in two reads at cut;
+    // one tick a read, and every packet is stored by the last.
+    struct Case {
+        int first, last, cut;
+        const char* extra;
+    };
+    const Case cases[] = {
+        {1, 10, 0, ""}, {11, 14, 500, ""}, {15, 17, 0, "[UPTIME 80]\r\n&a,b\r\n"}};
+    for (const Case& c : cases) {
+        QString text;
+        QStringList want;
+        for (int n = c.first; n <= c.last; ++n, text += c.extra) {
+            text += Numbered(n);
+            want << QString::number(n);
+        }
+        for (const QString& read :
+             c.cut ? QStringList{text.left(c.cut), text.mid(c.cut)} : QStringList{text}) {
+            ws.packet.Garrival_buffer = read;
+            acq::tmrDataArrival_Timer(ws);
+        }
+        EXPECT_EQ(value(QString("SELECT group_concat(PACKET_NUM, ' ') FROM (SELECT PACKET_NUM FROM "
+                                "OMBRI_DB_010 WHERE PACKET_NUM >= %1 ORDER BY rowid)")
+                            .arg(c.first)),
+                  want.join(' '));
+        EXPECT_EQ(ws.packet.Gline_buffer, "\n"); // nothing whole left behind
+    }
+}
+
 } // namespace
