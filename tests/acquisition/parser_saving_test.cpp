@@ -88,10 +88,11 @@ TEST_F(ParserSaving, OneIntakeTickStoresEveryWholePacketThatArrivedInOrder) {
             ws.packet.Garrival_buffer = read;
             acq::tmrDataArrival_Timer(ws);
         }
-        EXPECT_EQ(value(QString("SELECT group_concat(PACKET_NUM, ' ') FROM (SELECT PACKET_NUM FROM "
+        EXPECT_EQ(
+            raw().value(QString("SELECT group_concat(PACKET_NUM, ' ') FROM (SELECT PACKET_NUM FROM "
                                 "OMBRI_DB_010 WHERE PACKET_NUM >= %1 ORDER BY rowid)")
                             .arg(c.first)),
-                  want.join(' '));
+            want.join(' '));
         EXPECT_EQ(ws.packet.Gline_buffer, "\n"); // nothing whole left behind
     }
 }
