@@ -150,4 +150,16 @@ inline double LongestLoopGap(const std::function<void()>& job) {
     return longest;
 }
 
+// A benchmark program's run over the big job: the job made (or found) once
+// before the first case, so no case pays for it. The caller makes its Qt
+// application first.
+inline int RunOverTheJob(int argc, char** argv) {
+    benchmark::Initialize(&argc, argv);
+    if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
+    Job();
+    benchmark::RunSpecifiedBenchmarks();
+    benchmark::Shutdown();
+    return 0;
+}
+
 } // namespace bigjob

@@ -82,10 +82,5 @@ BENCHMARK(RenumberWholeJob)->Unit(benchmark::kMillisecond)->Iterations(1)->UseRe
 
 int main(int argc, char** argv) {
     QCoreApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
-    bigjob::Job();
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
+    return bigjob::RunOverTheJob(argc, argv);
 }

@@ -192,10 +192,5 @@ BENCHMARK(ImportOmd)->Unit(benchmark::kMillisecond)->Iterations(1)->UseRealTime(
 
 int main(int argc, char** argv) {
     QCoreApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
-    bigjob::Job(); // made once, then reused
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
+    return bigjob::RunOverTheJob(argc, argv);
 }
