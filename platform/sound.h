@@ -23,6 +23,8 @@ class Sound {
     // A file that looked right but the player could not take, reported
     // later from the event loop.
     std::function<void(const QString& file)> onFailed;
+    // True when the player is not still loading a file.
+    bool Settled() const;
 
   private:
     std::unique_ptr<QSoundEffect> effect_;

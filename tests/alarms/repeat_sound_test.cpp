@@ -54,6 +54,19 @@ TEST_F(RepeatAndSound, TheTimerShowsHighGasWithinASecond) {
     t->stop();
 }
 
+// A mono 8-bit wave of the given sample count; `cut` bytes short of whole.
+QByteArray Wave(quint32 samples, int cut = 0) {
+    auto le32 = [](quint32 v) {
+        return QByteArray(1, char(v)) + char(v >> 8) + char(v >> 16) + char(v >> 24);
+    };
+    QByteArray fmt("fmt ");
+    fmt += le32(16) + QByteArray("\x01\x00\x01\x00", 4) + le32(8000) + le32(8000) +
+           QByteArray("\x01\x00\x08\x00", 4);
+    QByteArray body = "WAVE" + fmt + "data" + le32(samples) + QByteArray(int(samples), '\x80');
+    QByteArray w = "RIFF" + le32(quint32(body.size())) + body;
+    return w.left(w.size() - cut);
+}
+
 TEST_F(RepeatAndSound, AMissingOrBrokenWaveFileIsCountedAndNeverStopsTheAlarm) {
     ws.fm_setup.ck_high_gu.setChecked(true);
     field(acq::GASUNITS) = "2000";
@@ -61,9 +74,14 @@ TEST_F(RepeatAndSound, AMissingOrBrokenWaveFileIsCountedAndNeverStopsTheAlarm) {
         QString file;
         bool plays;
     };
+    QByteArray noFormat = Wave(800);
+    noFormat.replace("fmt ", "junk");
     const Case cases[] = {{folder.file("nowhere.wav"), false},
                           {file("broken.wav", "this is no wave file at all"), false},
-                          {file("alarm.wav", QByteArray("RIFF\x24\0\0\0WAVEfmt ", 16)), true}};
+                          {file("head.wav", QByteArray("RIFF\x24\0\0\0WAVEfmt ", 16)), false},
+                          {file("cut.wav", Wave(800, 100)), false},
+                          {file("noformat.wav", noFormat), false},
+                          {file("alarm.wav", Wave(800)), true}};
     for (const Case& c : cases) {
         ws.fm_setup.txt_wav_file.setText(c.file);
         const long failures = ws.alarms.soundFailures;
@@ -75,11 +93,9 @@ TEST_F(RepeatAndSound, AMissingOrBrokenWaveFileIsCountedAndNeverStopsTheAlarm) {
         // The test button plays the same file the same way, without waiting.
         alarms::wav_test_Click(ws);
     }
-    // The last file looked like a wave but holds no sound: the player says so
-    // later, from the event loop, and that is counted too. Waiting for it also
-    // lets the player finish with the file before the workstation closes.
-    EXPECT_TRUE(testkit::PumpUntil(10000, [&] { return ws.alarms.soundFailures >= 5; }))
-        << ws.alarms.soundFailures;
+    // Whatever the sound system makes of the whole file, it finishes loading
+    // it and the loop goes on.
+    EXPECT_TRUE(testkit::PumpUntil(10000, [&] { return ws.sound.Settled(); }));
     EXPECT_TRUE(pass());
 }
 
