@@ -1,5 +1,6 @@
 #include "db/connection.h"
 
+#include "db/checkpoint.h"
 #include "db/file_id.h"
 
 #include <sqlite3.h>
@@ -39,6 +40,12 @@ constexpr int kBusyTimeoutMs = 2000;
 // survives both.
 constexpr const char* kPragmas = "PRAGMA synchronous = FULL";
 
+int AskForFold(void*, sqlite3* db, const char* name, int pages) {
+    if (pages >= checkpoint::kFoldAtPages)
+        checkpoint::Request(QString::fromUtf8(sqlite3_db_filename(db, name)));
+    return SQLITE_OK;
+}
+
 } // namespace
 
 std::shared_ptr<Connection> Connection::Open(const QString& path, OpenMode mode) {
@@ -76,6 +83,8 @@ std::shared_ptr<Connection> Connection::Open(const QString& path, OpenMode mode)
         throw e;
     }
     sqlite3_exec(db, kPragmas, nullptr, nullptr, nullptr);
+    // The log is folded back by the worker, never inside a commit.
+    sqlite3_wal_hook(db, &AskForFold, nullptr);
     Registry& r = OpenConnections();
     std::lock_guard lock(r.m);
     std::erase_if(r.all, [](const auto& w) { return w.expired(); });
@@ -95,6 +104,7 @@ std::vector<std::shared_ptr<Connection>> AllOpen() {
 } // namespace
 
 void Connection::CloseAllOn(const QString& path) {
+    checkpoint::Settle(path);
     for (auto& c : AllOpen())
         if (c->path() == path || SameFile(c->path(), path)) c->close();
 }

@@ -55,14 +55,16 @@ class Connection {
     int transDepth = 0;
 
     // The file of a connection of this process that holds a write lock now,
-    // or empty. In this single-threaded program a connection that waits for
-    // such a lock waits in vain: the holder can only let go once the waiter
-    // has returned. So whoever lets the event loop run must hold none; the
+    // or empty. Rows are written from one thread only (the log worker never
+    // takes a write lock), so a connection that waits for such a lock waits
+    // in vain: the holder can only let go once the waiter has returned. So
+    // whoever lets the event loop run must hold none; the
     // one exception, an edit that must be all or nothing, first makes every
     // other writer stand back (store/edit_transaction.h).
     static QString WriteLockHeld();
     // Closes every connection of this process to the file at `path`, so its
-    // log is folded into it and removed before the file is replaced.
+    // log is folded into it and removed before the file is replaced. A fold
+    // the log worker has under way ends first (db/checkpoint.h).
     static void CloseAllOn(const QString& path);
 
   private:
