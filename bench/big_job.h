@@ -26,7 +26,7 @@ namespace bigjob {
 constexpr int kRecords = 1000000;
 
 inline QString JobPath() {
-    return QDir::tempPath() + "/gaschart-depth-bench/JOB_1M_v2.db";
+    return QDir::tempPath() + "/gaschart-depth-bench/JOB_1M_v3.db";
 }
 
 inline int32_t CountRecords(const QString& path) {

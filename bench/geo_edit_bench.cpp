@@ -1,11 +1,13 @@
-// The geolograph edits that walk the whole job of a million records, each
-// one transaction: Restore All Geolograph Data, and a renumbering from the
-// second record to the newest (numbered from 100,000 ft). Reported: the time of the command and the
+// The edits of a job of a million records, each one transaction: Restore
+// All Geolograph Data, a renumbering from the second record to the newest
+// (numbered from 100,000 ft), and the delete of a day's stretch (14,400
+// records) chosen on the chart. Reported: the time of the command and the
 // longest wait of the event loop (a 10 ms timer) while it runs, which is
 // what the operator's screen and the instrument link see.
 #include "big_job.h"
 #include "depth/geo_edit.h"
 #include "store/lifecycle.h"
+#include "store/range_delete.h"
 #include "tools/common/agreeing_dialogs.h"
 #include "workstation/workstation.h"
 
@@ -75,10 +77,31 @@ void RenumberWholeJob(benchmark::State& state) {
     state.counters["longest_gap_ms"] = worst;
 }
 
+void DeleteADay(benchmark::State& state) {
+    Station s;
+    auto& c = s.ws.chart;
+    constexpr int32_t kFirst = 500'000, kDay = 14'400;
+    c.RowRecordId[2000] = kFirst + kDay;
+    c.RowRecordId[2100] = kFirst;
+    double worst = 0;
+    for (auto _ : state) {
+        c.SelectStartY = 2000;
+        c.SelectEndY = 2100;
+        worst =
+            std::max(worst, bigjob::LongestLoopGap([&] { store::cmd_del_from_db_Click(s.ws); }));
+    }
+    s.check(state);
+    // The stretch goes with the record on either side of it.
+    if (s.count(QString("ID BETWEEN %1 AND %2").arg(kFirst - 1).arg(kFirst + kDay + 1)) != 0)
+        state.SkipWithError("the stretch is still there");
+    state.counters["longest_gap_ms"] = worst;
+}
+
 } // namespace
 
 BENCHMARK(RestoreAll)->Unit(benchmark::kMillisecond)->Iterations(1)->UseRealTime();
 BENCHMARK(RenumberWholeJob)->Unit(benchmark::kMillisecond)->Iterations(1)->UseRealTime();
+BENCHMARK(DeleteADay)->Unit(benchmark::kMillisecond)->Iterations(1)->UseRealTime();
 
 int main(int argc, char** argv) {
     QCoreApplication app(argc, argv);

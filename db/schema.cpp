@@ -14,6 +14,11 @@ void CreateRecordTable(const Database& db, const QString& table) {
     db.Append(def);
     db.Execute("CREATE UNIQUE INDEX \"" + table + "_PACKET_NUM\" ON \"" + table +
                "\" (PACKET_NUM)");
+    AddIdIndex(db, table);
+}
+
+void AddIdIndex(const Database& db, const QString& table) {
+    db.Execute("CREATE INDEX IF NOT EXISTS \"" + table + "_ID\" ON \"" + table + "\" (ID)");
 }
 
 void CreateLagParaTable(const Database& db) {

@@ -89,8 +89,13 @@ inline const QString kLagQuery = QStringLiteral(" SELECT * FROM LagPara ORDER BY
 inline const QString kLagTable = QStringLiteral("LagPara");
 inline const QString kRecordTable = QStringLiteral("OMBRI_DB_010");
 
-// The record table with its unique packet number index.
+// The record table with its unique packet number index and the index on ID.
 void CreateRecordTable(const Database& db, const QString& table);
+// An ID is a record's place in packet order, and the chart's row tables find
+// records by it (a text box, a chromatograph run, a stretch to delete): on a
+// long job each of those would read the whole table without this index.
+// A job made before it gets it at its next open.
+void AddIdIndex(const Database& db, const QString& table);
 // The lag zone table with its six rows of a new job (zone 1 from 1 to 30000
 // ft, 110 strokes and 0.6 minutes per 100 ft, lag by time per depth).
 void CreateLagParaTable(const Database& db);

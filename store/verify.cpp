@@ -19,6 +19,7 @@ namespace {
 // Steps 3: the upgrade path of every open, errors ignored (a column that is
 // there already is the usual case). A file made by another tool may lack the
 // unique index on PACKET_NUM; it gets it unless its packet numbers repeat.
+// An older job gets the index on ID.
 void AddLateColumns(Workstation& ws, const QString& path) {
     const QString table = ws.db.Gtable_name;
     try {
@@ -32,6 +33,10 @@ void AddLateColumns(Workstation& ws, const QString& path) {
         try {
             db.Execute("CREATE UNIQUE INDEX IF NOT EXISTS \"" + table + "_PACKET_NUM\" ON \"" +
                        table + "\" (PACKET_NUM)");
+        } catch (const db::DbError&) {
+        }
+        try {
+            db::AddIdIndex(db, table);
         } catch (const db::DbError&) {
         }
         db.Close();

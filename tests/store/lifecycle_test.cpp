@@ -108,8 +108,13 @@ TEST(Lifecycle, AnOpenAddsTheLateColumnsWithoutAQuestion) {
     ASSERT_TRUE(s.ws.db.Grecords.isOpen());
     EXPECT_TRUE(s.ws.db.Grecords.Fields("KW7001").isNull());
     EXPECT_TRUE(s.ws.db.Grecords.Fields("NC5").isNull());
-    // The packet number is unique from now on.
-    EXPECT_NE(RawDb(s.job).exec("INSERT INTO OMBRI_DB_010 (PACKET_NUM) VALUES (5)"), SQLITE_OK);
+    // The packet number is unique from now on, and a record is found by its
+    // ID without reading the whole table.
+    RawDb raw(s.job);
+    EXPECT_NE(raw.exec("INSERT INTO OMBRI_DB_010 (PACKET_NUM) VALUES (5)"), SQLITE_OK);
+    EXPECT_EQ(raw.number("SELECT count(*) FROM sqlite_master WHERE type = 'index' AND "
+                         "tbl_name = 'OMBRI_DB_010' AND sql LIKE '%(ID)'"),
+              1);
 }
 
 TEST(Lifecycle, TheOpenRenumbersIdInPacketOrderInBatches) {
