@@ -150,13 +150,14 @@ inline double LongestLoopGap(const std::function<void()>& job) {
     return longest;
 }
 
-// A benchmark program's run over the big job: the job made (or found) once
-// before the first case, so no case pays for it. The caller makes its Qt
-// application first.
-inline int RunOverTheJob(int argc, char** argv) {
+// A benchmark program's run over the big job, or the program's own copy of
+// it (`makeJob`): made (or found) once before the first case, so no case
+// pays for it. The caller makes its Qt application first.
+inline int RunOverTheJob(
+    int argc, char** argv, const std::function<void()>& makeJob = [] { Job(); }) {
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
-    Job();
+    makeJob();
     benchmark::RunSpecifiedBenchmarks();
     benchmark::Shutdown();
     return 0;

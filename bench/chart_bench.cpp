@@ -182,10 +182,5 @@ int main(int argc, char** argv) {
     // Fonts for the image need the GUI side of Qt, without a screen.
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
     QGuiApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
-    ChartJob();
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
+    return bigjob::RunOverTheJob(argc, argv, [] { ChartJob(); });
 }

@@ -114,10 +114,5 @@ BENCHMARK(FloorInsertSelect)->Unit(benchmark::kMillisecond)->Iterations(3);
 
 int main(int argc, char** argv) {
     QCoreApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
-    GappedJob();
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
+    return bigjob::RunOverTheJob(argc, argv, [] { GappedJob(); });
 }
