@@ -1,7 +1,5 @@
-// Job files that are not what they should be and a job held from outside,
-// opened and written as the program does: each gives the
-// system's message, and neither the open nor the live writer changes a byte
-// of a file it can't use or a row of one it can.
+// Bad job files and a job held from outside: each gives its message, and
+// nothing changes a byte of a file it can't use or a row of one it can.
 #include "station.h"
 
 #include <QFile>
@@ -12,19 +10,14 @@
 #include <optional>
 #include <unistd.h>
 
+using storetest::Bytes;
 using storetest::InsertPackets;
 using storetest::RawDb;
 using storetest::Station;
 
 namespace {
 
-QByteArray Bytes(const QString& path) {
-    QFile f(path);
-    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray("<missing>");
-}
-
-// A job of n rows, its log folded into the file, so that the file alone is
-// the whole job.
+// A job of n rows whose file alone is the whole job (its log folded in).
 void FoldedJob(const QString& job, int n) {
     storetest::MakeJob(job);
     InsertPackets(job, storetest::Packets(n));
@@ -39,10 +32,9 @@ struct BadFile {
     // What the open says (empty: no error at all).
     QString openSays;
     QString writeSays;
-    // Whether the file may not change at all (a file the program can't
-    // use); otherwise the rows 1 .. kept must come through as they were.
+    // A file the program can't use may not change at all; otherwise its rows
+    // must come through as they were.
     bool untouched;
-    int kept;
 };
 
 } // namespace
@@ -55,8 +47,8 @@ TEST(BadJob, EachBadFileIsNamedByTheOpenAndTheWriterAndNothingInItIsLost) {
              QFile f(job);
              f.resize(f.size() / 2);
          },
-         platform::Answer::No, "Open DB Err: The data base file is damaged", "DB Write Err: ", true,
-         0},
+         platform::Answer::No, "Open DB Err: The data base file is damaged",
+         "DB Write Err: ", true},
         {"no data base at all",
          [](const QString& job) {
              QFile f(job);
@@ -65,13 +57,13 @@ TEST(BadJob, EachBadFileIsNamedByTheOpenAndTheWriterAndNothingInItIsLost) {
          },
          // Yes: the conversion can't read it either, and leaves nothing.
          platform::Answer::Yes, "Open DB Err: The file is not a data base '",
-         "DB Write Err: The file is not a data base", true, 0},
+         "DB Write Err: The file is not a data base", true},
         {"a column missing",
          [](const QString& job) {
              FoldedJob(job, 3);
              RawDb(job).exec("ALTER TABLE OMBRI_DB_010 DROP COLUMN GAS_UNITS");
          },
-         std::nullopt, "", "DB Write Err: Item not found in this collection: ", false, 3},
+         std::nullopt, "", "DB Write Err: Item not found in this collection: ", false},
     };
     for (const BadFile& c : cases) {
         SCOPED_TRACE(c.what);
@@ -79,7 +71,7 @@ TEST(BadJob, EachBadFileIsNamedByTheOpenAndTheWriterAndNothingInItIsLost) {
         QFile::remove(s.job);
         c.make(s.job);
         const QByteArray before = Bytes(s.job);
-        const QString rowsBefore = c.kept ? RawDb(s.job).packets() : QString();
+        const QString rowsBefore = c.untouched ? QString() : RawDb(s.job).packets();
 
         if (c.convert) s.dialogs.answers.push_back(*c.convert);
         s.open();
@@ -93,8 +85,7 @@ TEST(BadJob, EachBadFileIsNamedByTheOpenAndTheWriterAndNothingInItIsLost) {
         EXPECT_TRUE(s.folder.read("ERR_LOG.TXT").contains(c.openSays));
         EXPECT_FALSE(QFile::exists(s.job + ".new") || QFile::exists(s.job + ".old"));
 
-        // The live writer says why its row was lost, and raises the flag the
-        // error timer serves.
+        // The live writer says why its row was lost and raises the error flag.
         s.save(10);
         EXPECT_TRUE(s.lastMessage().startsWith(c.writeSays)) << s.lastMessage().toStdString();
         EXPECT_TRUE(s.ws.db.Gdb_error);
@@ -139,26 +130,12 @@ Hold ReadOnly(const QString& path) {
 Hold ReadOnlyFolder(const QString& job) {
     return ReadOnly(QFileInfo(job).path());
 }
-Hold ReadOnlyFile(const QString& job) {
-    return ReadOnly(job);
-}
 
-// The SQLite shell inside a write transaction of its own (readers go on, a
-// writer waits), until the hold ends.
-Hold ShellWriting(const QString& job) {
-    auto shell = std::make_shared<QProcess>();
-    shell->setProcessChannelMode(QProcess::MergedChannels);
-    shell->start("sqlite3", {job});
-    if (!shell->waitForStarted(5000)) return nullptr;
-    shell->write("BEGIN IMMEDIATE;\nSELECT 'holding';\n");
-    QByteArray said;
-    while (!said.contains("holding") && shell->waitForReadyRead(5000)) said += shell->readAll();
-    if (!said.contains("holding")) return nullptr;
-    return Undo([shell] {
-        shell->write("ROLLBACK;\n.quit\n");
-        shell->closeWriteChannel();
-        if (!shell->waitForFinished(5000)) shell->kill();
-    });
+// Another connection inside a write transaction of its own (readers go on,
+// a writer waits), until the hold ends.
+Hold OtherWriting(const QString& job) {
+    auto other = std::make_shared<RawDb>(job);
+    return other->exec("BEGIN IMMEDIATE") == SQLITE_OK ? other : nullptr;
 }
 
 struct GoodJobHeld {
@@ -178,9 +155,8 @@ TEST(BadJob, AGoodJobHeldFromOutsideIsReadWhereItCanBeAndStoresAgainOnceFreed) {
     const GoodJobHeld cases[] = {
         {"read-only folder", ReadOnlyFolder, false, "Open DB Err: Could not find or open the file",
          "DB Write Err: Could not find or open", false},
-        {"read-only file", ReadOnlyFile, true, "", "DB Write Err: The data base is read-only",
-         false},
-        {"another program writing", ShellWriting, true, "",
+        {"read-only file", ReadOnly, true, "", "DB Write Err: The data base is read-only", false},
+        {"another program writing", OtherWriting, true, "",
          "DB Write Err: The data base is locked by another program", true},
     };
     for (const GoodJobHeld& c : cases) {

@@ -1,7 +1,7 @@
 // A writer killed in the middle of its work loses nothing it had committed:
 // the demonstration job maker writes row after row, each committed on its
 // own and reported once committed, and is killed without warning.
-#include "store_fixture.h"
+#include "station.h"
 #include "text/numbers.h"
 
 #include <QProcess>

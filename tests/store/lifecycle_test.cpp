@@ -5,9 +5,9 @@
 
 #include "acquisition/job_buttons.h"
 
-#include <QCryptographicHash>
 #include <gtest/gtest.h>
 
+using storetest::Bytes;
 using storetest::InsertPackets;
 using storetest::Packets;
 using storetest::RawDb;
@@ -16,12 +16,6 @@ using namespace store;
 using namespace db;
 
 namespace {
-
-QByteArray Digest(const QString& path) {
-    QFile f(path);
-    f.open(QIODevice::ReadOnly);
-    return QCryptographicHash::hash(f.readAll(), QCryptographicHash::Sha256);
-}
 
 // A file of the generation before, as another SQLite tool would make it.
 void MakeOldJob(const QString& path, int rows) {
@@ -91,34 +85,13 @@ TEST(Lifecycle, MakeDatabaseKeepsWhatStoodThereAndInsistsOnADbName) {
     EXPECT_FALSE(s.folder.exists("DB_CUE/notes.txt"));
 }
 
-TEST(Lifecycle, AnOpenAddsTheLateColumnsWithoutAQuestion) {
+TEST(Lifecycle, AnOpenAddsTheLateColumnsWithoutAQuestionAndRenumbersIdInPacketOrder) {
     Station s(false);
     // A job made by another SQLite tool, before the late columns, without
-    // the unique index.
-    {
-        RawDb raw(s.job);
-        raw.exec(
-            "CREATE TABLE OMBRI_DB_010 (ID INTEGER, PACKET_NUM INTEGER, SERIAL_NUM TEXT, "
-            "DATE_TXT TEXT, TIME_TXT TEXT, DT TEXT, DEPTH REAL, GAS_UNITS REAL, ERR_TXT TEXT)");
-        raw.exec(
-            "INSERT INTO OMBRI_DB_010 (ID, PACKET_NUM, DT) VALUES (9, 5, '2026-11-01 06:00:00')");
-    }
-    s.open();
-    EXPECT_TRUE(s.dialogs.boxes.empty());
-    ASSERT_TRUE(s.ws.db.Grecords.isOpen());
-    EXPECT_TRUE(s.ws.db.Grecords.Fields("KW7001").isNull());
-    EXPECT_TRUE(s.ws.db.Grecords.Fields("NC5").isNull());
-    // The packet number is unique from now on, and a record is found by its
-    // ID without reading the whole table.
-    RawDb raw(s.job);
-    EXPECT_NE(raw.exec("INSERT INTO OMBRI_DB_010 (PACKET_NUM) VALUES (5)"), SQLITE_OK);
-    EXPECT_EQ(raw.number("SELECT count(*) FROM sqlite_master WHERE type = 'index' AND "
-                         "tbl_name = 'OMBRI_DB_010' AND sql LIKE '%(ID)'"),
-              1);
-}
-
-TEST(Lifecycle, TheOpenRenumbersIdInPacketOrderInBatches) {
-    Station s;
+    // the unique index, its IDs all alike.
+    RawDb(s.job).exec(
+        "CREATE TABLE OMBRI_DB_010 (ID INTEGER, PACKET_NUM INTEGER, SERIAL_NUM TEXT, "
+        "DATE_TXT TEXT, TIME_TXT TEXT, DT TEXT, DEPTH REAL, GAS_UNITS REAL, ERR_TXT TEXT)");
     InsertPackets(s.job, Packets(2500, 5));
     RawDb(s.job).exec("UPDATE OMBRI_DB_010 SET ID = 7");
     QList<bool> shown;
@@ -130,22 +103,31 @@ TEST(Lifecycle, TheOpenRenumbersIdInPacketOrderInBatches) {
         if (p == forms::Prop::Value) progress << c.value();
     });
     s.open();
+    EXPECT_TRUE(s.dialogs.boxes.empty());
+    ASSERT_TRUE(s.ws.db.Grecords.isOpen());
+    EXPECT_TRUE(s.ws.db.Grecords.Fields("KW7001").isNull());
+    EXPECT_TRUE(s.ws.db.Grecords.Fields("NC5").isNull());
     EXPECT_EQ(s.ws.fm_help.form.caption(), "Re-indexing Data Base.  Wait...");
     EXPECT_EQ(shown, (QList<bool>{true, false}));
     // A first commit after ten rows, then one a thousand.
     EXPECT_EQ(progress, (QList<int>{1, 10, 1010, 2010}));
-    EXPECT_EQ(RawDb(s.job).number("SELECT count(*) FROM OMBRI_DB_010 WHERE ID = PACKET_NUM"), 2500);
+    RawDb raw(s.job);
+    EXPECT_EQ(raw.number("SELECT count(*) FROM OMBRI_DB_010 WHERE ID = PACKET_NUM"), 2500);
+    // The packet number is unique from now on, and a record is found by its
+    // ID without reading the whole table.
+    EXPECT_NE(raw.exec("INSERT INTO OMBRI_DB_010 (PACKET_NUM) VALUES (5)"), SQLITE_OK);
+    EXPECT_EQ(raw.number("SELECT count(*) FROM sqlite_master WHERE type = 'index' AND "
+                         "tbl_name = 'OMBRI_DB_010' AND sql LIKE '%(ID)'"),
+              1);
 
-    // The first row written after the open carries what the re-index left,
-    // plus one.
-    s.save(3000);
-    EXPECT_EQ(s.column(3000, "ID"), "2502");
+    // The writer's next row goes on from what the re-index left.
+    EXPECT_EQ(s.ws.db.NextRecordId, 2501);
 }
 
 TEST(Lifecycle, AnOlderJobIsConvertedOnlyWhenTheUserAgrees) {
     Station s(false);
     MakeOldJob(s.job, 25);
-    const QByteArray before = Digest(s.job);
+    const QByteArray before = Bytes(s.job);
 
     s.dialogs.answers.push_back(platform::Answer::No);
     s.open();
@@ -153,7 +135,7 @@ TEST(Lifecycle, AnOlderJobIsConvertedOnlyWhenTheUserAgrees) {
     EXPECT_EQ(s.dialogs.boxes[0].title, "CONVERT DATA BASE TO NEW TYPE?");
     EXPECT_EQ(s.dialogs.boxes[0].text, "This data base is not compatible with the new version\r\n"
                                        "Would you like to convert it?");
-    EXPECT_EQ(Digest(s.job), before);
+    EXPECT_EQ(Bytes(s.job), before);
     EXPECT_FALSE(s.ws.db.Gdb.isOpen() || s.ws.db.Grecords.isOpen());
 
     s.dialogs.answers.push_back(platform::Answer::Yes);
@@ -193,10 +175,10 @@ TEST(Lifecycle, CompactKeepsEveryRowAndTheWriterFollowsTheNewFile) {
     EXPECT_EQ(RawDb(s.job).integrity(), "ok");
 
     // While another job holds the shared set, the compact does nothing.
-    const QByteArray before = Digest(s.job);
+    const QByteArray before = Bytes(s.job);
     s.ws.db.Gdb_busy = true;
     Compact_db(s.ws);
-    EXPECT_EQ(Digest(s.job), before);
+    EXPECT_EQ(Bytes(s.job), before);
 }
 
 TEST(Lifecycle, NewOpenAndSaveAsGoThroughTheirDialogs) {

@@ -2,7 +2,7 @@
 // own, not inside the commit that made it long; a fold under way ends before
 // the file is closed and moved, so the move keeps every row.
 #include "db/checkpoint.h"
-#include "store_fixture.h"
+#include "station.h"
 
 #include <QFileInfo>
 #include <gtest/gtest.h>

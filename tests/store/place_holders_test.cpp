@@ -20,10 +20,6 @@ struct GapJob : storetest::Station {
                         "' seconds'), TOTAL_SPM = 95, TOTAL_STROKES = 1000 + 10 * PACKET_NUM, "
                         "C1 = PACKET_NUM + 0.5, IC5 = NULL, ATTEN = 3");
     }
-    QString row(int packet, const char* columns) {
-        return RawDb(job).value(
-            QString("SELECT %1 FROM OMBRI_DB_010 WHERE PACKET_NUM = %2").arg(columns).arg(packet));
-    }
 };
 
 std::vector<int> Range(std::initializer_list<std::pair<int, int>> spans) {
@@ -49,12 +45,10 @@ TEST(PlaceHolders, EveryGapIsFilledFromTheRowBeforeIt) {
     const Case cases[] = {
         // 95 strokes a minute: 9 strokes a packet over the source's count.
         {6, "6|KW7|2026-11-01 06:00:36|2026/11/01|06:00:36|50.0|50.0|0 *#|1059.0|5.5|NULL|3.0"},
-        {13, "13|KW7|2026-11-01 06:01:18|2026/11/01|06:01:18|120.0|120.0|0 *#|1129.0|12.5|NULL|"
-             "3.0"},
         // A real row is left as it was.
         {8, "8|KW7|2026-11-01 06:00:48|||80.0||0|1080.0|8.5|NULL|3.0"},
     };
-    for (const Case& c : cases) EXPECT_EQ(j.row(c.packet, cols), c.row) << "packet " << c.packet;
+    for (const Case& c : cases) EXPECT_EQ(j.column(c.packet, cols), c.row) << "packet " << c.packet;
     EXPECT_FALSE(j.ws.db.Gdb_busy);
 
     // A second run finds nothing left to fill.
@@ -75,17 +69,13 @@ TEST(PlaceHolders, TheNewestRecordsAndABusyDataBaseAreLeftAlone) {
         {"gap before the four newest", {1, 2, 3, 5, 6, 7, 8}, false, "1,2,3,4,5,6,7,8"},
         {"gap among the four newest", {1, 2, 3, 4, 5, 7, 8, 9}, false, "1,2,3,4,5,7,8,9"},
         {"busy", {1, 2, 4, 5, 6, 7, 8, 9}, true, "1,2,4,5,6,7,8,9"},
-        {"a long gap", {1, 2, 1000, 1001, 1002, 1003, 1004}, false, ""},
     };
     for (const Case& c : cases) {
         GapJob j(c.packets);
         j.ws.db.Gdb_busy = c.busy;
         EXPECT_EQ(store::Add_Missing_Packets(j.ws), !c.busy) << c.name;
         EXPECT_EQ(j.ws.db.Gdb_busy, c.busy) << c.name;
-        if (c.after.isEmpty())
-            EXPECT_EQ(j.rows(), 1004) << c.name;
-        else
-            EXPECT_EQ(RawDb(j.job).packets(), c.after) << c.name;
+        EXPECT_EQ(RawDb(j.job).packets(), c.after) << c.name;
     }
 }
 

@@ -1,5 +1,5 @@
-// The record writer on a real job file: what goes into each column, the
-// checks that refuse a packet, the running pump figures, and the handler.
+// The record writer on a real job file: what goes into each column and the
+// checks that refuse a packet.
 #include "station.h"
 
 #include <gtest/gtest.h>
@@ -41,36 +41,24 @@ TEST(RecordWriter, APacketBecomesOneRowColumnByColumn) {
               "1000.0 95.0 9.0 1015.0 1016.0 1020.0 1021.0 1022.0 1023.0 1024.0 1025.0");
     EXPECT_EQ(s.column(12, "ERR_TXT"), "3 ");
     EXPECT_EQ(s.ws.db.RecordCount, 8);
+    EXPECT_EQ(s.ws.packet.UnitSerial, "KW1042");
     EXPECT_TRUE(s.messages().isEmpty());
 
-    // Gas taken while the line lag runs is marked.
-    ws.depth.Gline_lag_ok = false;
-    s.packet(13);
-    ws.packet.Gombri_data_array[acq::ERRTXT] = "12";
-    SaveKWData(s.ws);
-    EXPECT_EQ(s.column(13, "ERR_TXT"), "12 *");
-}
-
-TEST(RecordWriter, TheDiagnosticPairsAlternateAndOnlyWrittenRowsFlipThem) {
-    Station s;
-    s.save(1);
-    // Same time again: refused before any column is set.
-    s.packet(2);
-    s.ws.packet.Gombri_data_array[acq::OMBRITIME] = "06:00:06";
-    SaveKWData(s.ws);
-    s.save(2);
-    s.save(3);
-    ASSERT_EQ(s.rows(), 3);
-    // The first quantity of each pair, then the second plus 10000.
-    auto pairs = [&](int n) {
-        return s.column(n, "TEMP||' '||SAMPLEVAC||' '||VOLTS||' '||CHROM_VAC");
+    // A pump total out of range (900, -1) keeps the last rate; no pumps leave
+    // the stroke total standing, manual pumps or not.
+    auto rates = [&](int n, double pump) {
+        ws.wits.Gwits_values[8] = pump;
+        s.save(n);
+        return s.column(n, "TOTAL_SPM||' '||TOTAL_STROKES");
     };
-    EXPECT_EQ(pairs(1), "8.5 12.5 13.5 27.5");
-    EXPECT_EQ(pairs(2), "10026.5 10034.5 10023.5 10035.5");
-    EXPECT_EQ(pairs(3), "8.5 12.5 13.5 27.5");
+    EXPECT_EQ(rates(13, 844.5), "95.0 18.0");
+    EXPECT_EQ(rates(14, -56.5), "95.0 27.0");
+    ws.wits.Gwits_values[9] = ws.wits.Gwits_values[10] = 0;
+    ws.wits.Gpumps_manual = true;
+    EXPECT_EQ(rates(15, 0), "0.0 27.0");
 }
 
-TEST(RecordWriter, TheChecksBeforeTheRowRefuseThePacketWithTheirMessages) {
+TEST(RecordWriter, RefusedPacketsGiveTheirMessagesAndDoNotFlipTheDiagnosticPairs) {
     Station s;
     const auto& last = s.ws.db.LastRecordTime;
     auto& f = s.ws.packet.Gombri_data_array;
@@ -111,71 +99,47 @@ TEST(RecordWriter, TheChecksBeforeTheRowRefuseThePacketWithTheirMessages) {
     EXPECT_EQ(s.lastMessage(),
               R"("Incoming data serial number data err " & Gombri_data_array(SERIALNUM) & " ")");
     EXPECT_EQ(last, QDateTime(QDate(2026, 11, 1), QTime(7, 40, 6)));
-}
 
-TEST(RecordWriter, PumpRatesAndTheStrokeTotalFollowTheirRules) {
-    Station s;
-    auto& ws = s.ws;
-    int n = 0;
-    auto row = [&] {
-        s.save(++n);
-        return s.column(n, "TOTAL_SPM||' '||TOTAL_STROKES");
+    // Rows written take the first quantity of each pair and the second plus
+    // 10000 by turns; the refused packets between them flip nothing.
+    auto pairs = [&](int n) {
+        return s.column(n, "TEMP||' '||SAMPLEVAC||' '||VOLTS||' '||CHROM_VAC");
     };
-    // 95 strokes a minute: 9.5 a row, the half lost each time.
-    ws.wits.Gwits_values[8] = 95;
-    EXPECT_EQ(row(), "95.0 9.0");
-    // 900 and -1 are out of range: the last rate stays.
-    ws.wits.Gwits_values[8] = 900;
-    EXPECT_EQ(row(), "95.0 18.0");
-    ws.wits.Gwits_values[8] = 0;
-    ws.wits.Gwits_values[10] = -1;
-    EXPECT_EQ(row(), "95.0 27.0");
-    ws.wits.Gwits_values[10] = 0;
-    ws.wits.Gwits_values[9] = 899.9;
-    EXPECT_EQ(row(), "899.0 116.0");
-    // No pumps: the total stands still, manual pumps or not.
-    ws.wits.Gwits_values[9] = 0;
-    ws.wits.Gpumps_manual = true;
-    EXPECT_EQ(row(), "0.0 116.0");
+    EXPECT_EQ(pairs(1), "8.5 12.5 13.5 27.5");
+    EXPECT_EQ(pairs(4), "10026.5 10034.5 10023.5 10035.5");
+    EXPECT_EQ(pairs(1000), "8.5 12.5 13.5 27.5");
 }
 
-TEST(RecordWriter, ARepeatedPacketNumberIsRolledBackAndRaisesTheErrorFlag) {
+TEST(RecordWriter, AFailedRowIsRolledBackWithItsMessageAndTheNextGoesInAsUsual) {
     Station s;
     auto& ws = s.ws;
     s.save(1);
-    ws.wits.Gwits_values[8] = 100;
     s.packet(2);
     ws.packet.Gombri_data_array[acq::PACKETNUM] = "1";
-    ws.packet.Gombri_data_array[acq::ERRTXT] = "5 ";
-    // A refused row says so, and its alarm word is not passed on.
     EXPECT_FALSE(SaveKWData(s.ws));
     EXPECT_EQ(s.lastMessage(), "DB Write Err: Duplacate packet numbers found in the data base.");
     EXPECT_TRUE(ws.db.Gdb_error);
-    EXPECT_EQ(s.rows(), 1);
     EXPECT_EQ(s.ws.db.RecordCount, 1);
 
-    // The next packet goes in as usual.
     ws.db.Gdb_error = false;
-    s.save(3);
-    EXPECT_EQ(s.column(3, "ID"), "4");
-    EXPECT_FALSE(ws.db.Gdb_error);
-}
-
-TEST(RecordWriter, AFailedColumnNamesItsStepAndLeavesNoHalfRow) {
-    Station s;
-    s.packet(1);
-    s.ws.packet.Gombri_data_array[acq::PACKETNUM] = " ";
+    s.packet(3);
+    ws.packet.Gombri_data_array[acq::PACKETNUM] = " ";
     SaveKWData(s.ws);
     // PACKET_NUM is the 26th column set, after BeginTrans and AddNew.
     EXPECT_EQ(s.lastMessage(), "DB Write Err: Data type conversion error 3421  Err point: 28");
     EXPECT_TRUE(s.ws.db.Gdb_error);
-    EXPECT_EQ(s.rows(), 0);
-    // The flip at CHROM_VAC had happened before the failure.
-    EXPECT_FALSE(s.ws.db.WritePrimaryDiag);
+    EXPECT_EQ(s.rows(), 1);
+
+    // A failed row has flipped the pair all the same, as each got past
+    // CHROM_VAC: the third row takes the second of the pair.
+    ws.db.Gdb_error = false;
+    s.save(5);
+    EXPECT_EQ(s.column(5, "ID||' '||TEMP"), "5 10026.5");
+    EXPECT_FALSE(ws.db.Gdb_error);
 
     // A missing file is not created by the writer.
     s.ws.fm_Gas_Chart.txt_db_path.setText(s.folder.file("DB_CUE/GONE.DB"));
-    s.save(2);
+    s.save(6);
     EXPECT_TRUE(s.lastMessage().startsWith("DB Write Err: Could not find or open the file"));
     EXPECT_FALSE(s.folder.exists("DB_CUE/GONE.DB"));
 }

@@ -1,6 +1,6 @@
 // The recordset over real job files: its keyset, what another connection
 // sees, and copies of an open job.
-#include "store_fixture.h"
+#include "station.h"
 
 #include <gtest/gtest.h>
 

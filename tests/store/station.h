@@ -1,15 +1,57 @@
 #pragma once
-// The test station with a blank job named in txt_db_path, and packets to
-// feed its record writer.
+// The store suites' helpers: the test station with a blank job named in
+// txt_db_path and packets to feed its record writer, and job files looked at
+// through a connection of their own, as another program would have.
 
+#include "db/schema.h"
+#include "raw_db.h"
 #include "store/lifecycle.h"
 #include "store/record_writer.h"
-#include "store_fixture.h"
 #include "test_station.h"
 
+#include <QFile>
+#include <algorithm>
 #include <gtest/gtest.h>
+#include <numeric>
+#include <random>
+#include <sqlite3.h>
+#include <vector>
 
 namespace storetest {
+
+using testkit::RawDb;
+
+inline void MakeJob(const QString& path) {
+    db::MakeBlankJob(path, db::kRecordTable);
+}
+
+// The file's bytes, to show that something left it alone.
+inline QByteArray Bytes(const QString& path) {
+    QFile f(path);
+    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray("<missing>");
+}
+
+// Packet numbers 1 .. n, shuffled when a seed is given.
+inline std::vector<int> Packets(int n, unsigned seed = 0) {
+    std::vector<int> p(n);
+    std::iota(p.begin(), p.end(), 1);
+    if (seed) std::shuffle(p.begin(), p.end(), std::mt19937(seed));
+    return p;
+}
+
+// Rows with the given packet numbers, in that order of insertion, each with
+// ID = its packet number, DEPTH = packet * 10 and GAS_UNITS = packet / 2.
+inline void InsertPackets(const QString& path, const std::vector<int>& packets) {
+    RawDb raw(path);
+    raw.exec("BEGIN");
+    for (int p : packets)
+        raw.exec(QString("INSERT INTO OMBRI_DB_010 (ID, PACKET_NUM, DT, DEPTH, GAS_UNITS, ERR_TXT) "
+                         "VALUES (%1, %1, '2026-11-01 06:00:00', %2, %3, '0')")
+                     .arg(p)
+                     .arg(p * 10)
+                     .arg(p / 2.0));
+    raw.exec("COMMIT");
+}
 
 struct Station : testkit::Station {
     explicit Station(bool makeJob = true) : testkit::Station("JOB.DB", makeJob) {}
@@ -26,7 +68,6 @@ struct Station : testkit::Station {
         f[acq::ERRTXT] = "0 ";
         f[acq::PACKETNUM] = QString::number(n);
     }
-    // Packet n handed to the record writer as it is.
     void save(int n) {
         packet(n);
         store::SaveKWData(ws);
