@@ -3,11 +3,7 @@
 #include "raw_db.h"
 
 #include "acquisition/main_loop.h"
-#include "db/schema.h"
 
-#include <QDir>
-#include <QFileInfo>
-#include <QThread>
 #include <QTimer>
 
 namespace linktest {
@@ -67,15 +63,6 @@ bool Station::stopSimulatorAndDrain() {
     sim->stop();
     Pump(300); // socat's hop on a serial link
     return PumpUntil(3000, [&] { return drained() && ws.link.Gsock_state != 7; });
-}
-
-bool SerialEnds::open(Workstation& ws, int n) {
-    if (!pair.start()) return false;
-    ws.ports.place(n, pair.workstationEnd());
-    ws.MSComm1.CommPort = n;
-    if (ws.MSComm1.SetPortOpen(true) != 0) return false;
-    instrument.setPortName(pair.farEnd());
-    return instrument.open(QIODevice::ReadWrite);
 }
 
 bool Station::superviseUntilAttempt() {

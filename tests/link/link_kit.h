@@ -1,13 +1,11 @@
 #pragma once
-// What the link tests share: the instrument simulator as a real process, a
-// socat port pair, and the test station with a job file, whose intake tick
-// is watched for the packets it takes.
+// The link tests' station: a job file, and its intake tick watched for the
+// packets it takes.
 
 #include "pty_pair.h"
 #include "simulator.h"
 #include "test_station.h"
 
-#include <QSerialPort>
 #include <QString>
 #include <QTemporaryDir>
 #include <memory>
@@ -23,14 +21,6 @@ using testkit::Simulator;
 
 using PortPair = testkit::PtyPair;
 
-// A socat pair whose workstation end is opened as the workstation's port n
-// and whose instrument end the test holds as `instrument`.
-struct SerialEnds {
-    PortPair pair;
-    QSerialPort instrument;
-    bool open(Workstation& ws, int n);
-};
-
 struct Station : testkit::Station {
     Station();
     ~Station();
@@ -42,19 +32,17 @@ struct Station : testkit::Station {
     // supervision tick is the test's to call.
     void startIntake();
     void useTcp(quint16 port);
-    // The simulator on a free port with args behind "--tcp <port>", the
-    // workstation pointed at it and its intake running (not yet connected).
+    // The simulator on a free port, the workstation pointed at it and its
+    // intake running (not yet connected).
     bool startTcpSimulator(const QStringList& args);
     // The same on a started pair, whose workstation end becomes port n.
     bool startSerialSimulator(PortPair& pair, int n, const QStringList& args);
-    // Stops the simulator and lets the workstation take what is on its way
-    // until the link is down.
+    // Stops the simulator and lets the workstation take what is on its way.
     bool stopSimulatorAndDrain();
-    // Calls the supervision tick until the countdown has run out and a
-    // link attempt has been made; false if none came within 70 ticks.
+    // Calls the supervision tick until a link attempt has been made; false
+    // if none came within 70 ticks.
     bool superviseUntilAttempt();
     std::set<long> parsedSet() const { return {parsed.begin(), parsed.end()}; }
-    // Packet numbers of the rows in the job, read straight with SQLite.
     std::set<long> stored() const;
     // Nothing waits in the buffers or on the socket.
     bool drained();
