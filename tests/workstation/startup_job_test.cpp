@@ -4,7 +4,6 @@
 #include "config/config_file.h"
 #include "depth/lag.h"
 #include "raw_db.h"
-#include "store/record_writer.h"
 #include "test_station.h"
 
 #include <QFile>
@@ -57,17 +56,29 @@ struct Unit : testkit::Station {
 
 } // namespace
 
-TEST(StartupJob, TheNewestRecordsAreLaggedByTheirZonesBeforeAnyTimerTick) {
+TEST(StartupJob, TheJobOpensUnderDbWithItsNewestRecordsLaggedBeforeAnyTimerTick) {
     for (const bool byTime : {false, true}) {
         SCOPED_TRACE(byTime ? "by time" : "by strokes");
         Unit u;
-        u.leaveSettings(byTime, u.job);
+        // Named as the older generation did, with a refresh under the
+        // control box's floor.
+        QString older = u.job;
+        older.replace(".DB", ".MDB");
+        u.ws.chart.Grefresh_seconds = 5;
+        u.leaveSettings(byTime, older);
         testkit::WiredWorkstation ws(u.folder.path(), &u.dialogs);
         ASSERT_TRUE(acq::Form_Load(ws));
         ws.StopTimers();
-        const QString atStart = u.newestLag();
+        EXPECT_EQ(ws.fm_Gas_Chart.txt_db_path.text(), u.job);
+        EXPECT_EQ(ws.db.Grecords.RecordCount(), 1000);
+        EXPECT_FALSE(QFile::exists(older)) << "no new job was made under the older name";
+        EXPECT_EQ(ws.chart.Grefresh_seconds, 5);
+        EXPECT_EQ(ws.packet.UnitSerial, "KW2207");
+        EXPECT_TRUE(u.folder.read("ERR_LOG.TXT").contains("** KW2207 - ")) << "the open's lines";
+
         // What the timers give once they have run: the same lag, and the
         // zone's (22 ft or 33 ft behind the bit), not the line lag alone.
+        const QString atStart = u.newestLag();
         depth::tmr_lag_calc_Timer(ws);
         depth::RecalculateLag(ws, 400, 0, 0);
         EXPECT_EQ(u.newestLag(), atStart);
@@ -78,33 +89,4 @@ TEST(StartupJob, TheNewestRecordsAreLaggedByTheirZonesBeforeAnyTimerTick) {
         EXPECT_GT(lag, 1000);
         EXPECT_LT(lag, 1099.9 - 15);
     }
-}
-
-// The settings name the job as the older generation did, with a refresh
-// under the control box's floor.
-TEST(StartupJob, AJobUnderTheOlderSuffixOpensUnderDbAndTheLogsNameItsUnit) {
-    Unit u;
-    QString older = u.job;
-    older.replace(".DB", ".MDB");
-    u.ws.chart.Grefresh_seconds = 5;
-    u.leaveSettings(false, older);
-    testkit::WiredWorkstation ws(u.folder.path(), &u.dialogs);
-    ASSERT_TRUE(acq::Form_Load(ws));
-    ws.StopTimers();
-    EXPECT_EQ(ws.fm_Gas_Chart.txt_db_path.text(), u.job);
-    EXPECT_EQ(ws.db.Grecords.RecordCount(), 1000);
-    EXPECT_FALSE(QFile::exists(older)) << "no new job was made under the older name";
-    EXPECT_EQ(ws.chart.Grefresh_seconds, 5);
-    EXPECT_EQ(ws.packet.UnitSerial, "KW2207");
-    EXPECT_TRUE(u.folder.read("ERR_LOG.TXT").contains("** KW2207 - ")) << "the open's lines";
-
-    // Each packet saved names its own unit.
-    auto& f = ws.packet.Gombri_data_array;
-    for (auto& x : f) x = "0";
-    f[acq::SERIALNUM] = "KW3100";
-    f[acq::DATE] = "11/02/2026";
-    f[acq::OMBRITIME] = "08:00:00";
-    f[acq::PACKETNUM] = "5000";
-    ASSERT_TRUE(store::SaveKWData(ws));
-    EXPECT_EQ(ws.packet.UnitSerial, "KW3100");
 }

@@ -11,15 +11,14 @@
 using Bench = testkit::Station;
 using testkit::ScriptedDialogs;
 
-TEST(Startup, LeavesTheWorkstationReadyAndNoToTheExitKeepsItRunning) {
+TEST(Startup, LeavesTheWorkstationReadyRefusesASecondCopyAndNoToTheExitKeepsItRunning) {
     Bench b;
     Workstation& ws = b.ws;
     ASSERT_TRUE(acq::Form_Load(ws));
-    // Every panel but the main screen starts hidden.
     for (forms::Panel* p : ws.panels())
         EXPECT_TRUE(p == &ws.fm_Gas_Chart || !p->form.visible()) << p->name().toStdString();
-    // Every timer is built with its period; those that run from the start
-    // run, and the refresh supervision from the end of the start-up on.
+    // Those that run from the start run, and the refresh supervision from
+    // the end of the start-up on.
     for (const station::TimerDef& def : ws.timerDefs()) {
         const QTimer* t = ws.timer(def.name);
         ASSERT_NE(t, nullptr) << def.name;
@@ -29,34 +28,27 @@ TEST(Startup, LeavesTheWorkstationReadyAndNoToTheExitKeepsItRunning) {
     }
     EXPECT_TRUE(b.dialogs.boxes.empty());
 
-    // No to the exit question starts the refresh countdown over; the rest
-    // of the question is the screen suite's (views_test).
+    // The box's words are folder_test's (install suite).
+    ScriptedDialogs second;
+    Workstation copy(b.folder.path(), &second);
+    EXPECT_FALSE(acq::Form_Load(copy));
+    ASSERT_EQ(second.boxes.size(), 1u);
+    EXPECT_EQ(second.boxes[0].title, "OOPS! COPY ALLREADY LOADED");
+    Bench other;
+    EXPECT_TRUE(acq::Form_Load(other.ws)) << "another folder is another job";
+
+    // No starts the refresh countdown over; the rest of the exit question is
+    // views_test's.
     ws.chart.Grefresh_count = 3;
     b.dialogs.answers.push_back(platform::Answer::No);
     EXPECT_FALSE(acq::Form_Unload(ws));
     EXPECT_EQ(ws.chart.Grefresh_count, ws.chart.Grefresh_seconds);
 }
 
-TEST(Startup, ASecondCopyInTheSameFolderIsRefusedWithTheBox) {
-    Bench first;
-    ASSERT_TRUE(acq::Form_Load(first.ws));
-    ScriptedDialogs second;
-    Workstation b(first.folder.path(), &second);
-    EXPECT_FALSE(acq::Form_Load(b));
-    // The box's words are folder_test's (install suite).
-    ASSERT_EQ(second.boxes.size(), 1u);
-    EXPECT_EQ(second.boxes[0].title, "OOPS! COPY ALLREADY LOADED");
-
-    // Another folder is another job: it starts.
-    Bench other;
-    EXPECT_TRUE(acq::Form_Load(other.ws));
-}
-
 TEST(Timers, DelaySecondsRunsTheLoopUntilTheTicksRunOut) {
     Bench b;
     Workstation& ws = b.ws;
-    // With the loop's timers running, tmr_delay counts the tenths down and
-    // other timers fire inside the wait.
+    // Other timers fire inside the wait.
     ws.StartTimers();
     int intakeTicks = 0;
     QObject::connect(ws.timer("tmrDataArrival"), &QTimer::timeout, [&] { ++intakeTicks; });
