@@ -1,5 +1,4 @@
-// The typed address, the look-up file and the link switches: no instrument
-// needed, only what the operator sees.
+// The typed address, the look-up file and the link switches.
 #include "acquisition/link.h"
 #include "link_kit.h"
 

@@ -1,5 +1,4 @@
-// The operator's console to the instrument: the rows with their limits, the
-// wake-up, the log, the read back, and the login block.
+// The operator's console to the instrument and the login block.
 #include "acquisition/commands.h"
 #include "acquisition/link.h"
 #include "link_kit.h"

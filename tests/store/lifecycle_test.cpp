@@ -1,6 +1,5 @@
-// The job file's life on real files: made when missing, upgraded and
-// re-indexed on open, converted from the older generation, compacted, and
-// the three job buttons.
+// The job file's life: made, upgraded, converted, compacted, and the three
+// job buttons.
 #include "station.h"
 
 #include "acquisition/job_buttons.h"

@@ -1,5 +1,4 @@
-// Place holders for missed packets: where they go, what each row holds, and
-// what the walk leaves alone.
+// Place holders for missed packets.
 #include "depth/geo_edit.h"
 #include "station.h"
 #include "store/range_delete.h"

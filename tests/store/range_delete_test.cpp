@@ -1,5 +1,4 @@
-// Deleting a stretch chosen on the chart: which rows go, what is asked, and
-// what a refusal leaves.
+// Deleting a stretch chosen on the chart.
 #include "station.h"
 #include "store/range_delete.h"
 

@@ -1,5 +1,4 @@
-// The recordset over real job files: its keyset, what another connection
-// sees, and copies of an open job.
+// The recordset over real job files, and copies of an open job.
 #include "station.h"
 
 #include <gtest/gtest.h>

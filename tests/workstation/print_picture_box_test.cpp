@@ -1,5 +1,4 @@
-// Printing a canvas: the page on the printer, the PDF offered where there is
-// no printer, and a failure told to the operator.
+// Printing a canvas: the PDF offered where there is no printer, and failures.
 #include "pdf_file.h"
 #include "test_station.h"
 #include "workstation/print_picture_box.h"

@@ -1,5 +1,4 @@
-// What the start-up leaves of the job it opens: the lag of the newest
-// records, the unit named in the logs, the job's name, the refresh period.
+// What the start-up leaves of the job it opens.
 #include "acquisition/startup.h"
 #include "config/config_file.h"
 #include "depth/lag.h"
