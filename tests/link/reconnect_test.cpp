@@ -45,8 +45,6 @@ TEST(Reconnect, TwentyDropsLoseNothingThatWasSentWhole) {
 
     const std::set<long> sent = sim.sent();
     ASSERT_EQ(sent.size(), size_t(kDrops * 6));
-    const std::set<long> parsed = st.parsedSet();
-    for (long p : sent) EXPECT_TRUE(parsed.count(p)) << "packet " << p << " missing";
     // The half packets never make a row, the whole ones all do.
     EXPECT_EQ(st.stored(), sent);
 }
