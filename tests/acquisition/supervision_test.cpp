@@ -164,16 +164,15 @@ TEST_F(Supervision, FirstScanFiveSecondsAfterStartThenEvery61AndNoCountBelowZero
     EXPECT_EQ(ws.link.Glink_countdown, 1);
 }
 
-TEST_F(Supervision, ATcpLinkUpShowsTheCountAndTheUptime) {
+TEST_F(Supervision, ALinkUpShowsTheCountAndOverTcpTheUptime) {
     ws.link.Guse_tcp = true;
     ws.link.Glink_countdown = 20;
     ws.link.Gsock_state = 7;
     ws.link.Guptime_percent = 100;
     tick();
     EXPECT_EQ(look(link()), look("Connected: 19 TCP 100%", Green));
-}
 
-TEST_F(Supervision, ASerialLinkWithTheDetectorFoundShowsConnected) {
+    ws.link.Guse_tcp = false;
     acqtest::PtyPair pty;
     ASSERT_NO_FATAL_FAILURE(openSerial(pty, 2));
     ws.link.Glink_countdown = 40;
