@@ -138,8 +138,7 @@ TEST_F(DrawTest, TextBoxesAndTheRowTablesAreLeftForTheMouse) {
     EXPECT_NEAR(c.RowDepth[y], 1170, 1);
     EXPECT_EQ(c.RowRecordId[static_cast<int>(c.ChartTop)], 1800);
     for (int yy = static_cast<int>(c.ChartTop); yy < y; ++yy) ASSERT_NE(c.RowRecordId[yy], 0);
-    // Drawn from the newest down to the first record: the position bar's
-    // pointer at its top.
+    // Drawn from the newest down to the first record: the bar's pointer on top.
     EXPECT_EQ(c.ChartBottomRecord, -1);
     EXPECT_EQ(c.ViewBarY, 0);
 }

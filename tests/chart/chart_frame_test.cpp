@@ -1,5 +1,4 @@
-// Moving the view: paging, zoom, reset and the busy flags that keep a second
-// draw out.
+// Moving the view: paging, zoom, reset and the flags that keep a second draw out.
 #include "acquisition/control_box.h"
 #include "acquisition/main_loop.h"
 #include "chart_fixture.h"

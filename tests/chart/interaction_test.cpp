@@ -1,6 +1,4 @@
-// The mouse and the keys on a drawn chart: the read-out under the pointer,
-// a stretch chosen with two double clicks, the Shift drag, the position bar,
-// Escape, text boxes kept in the job file, and a chart that is drawing.
+// The mouse and the keys on a drawn chart.
 #include "chart/floating_boxes.h"
 #include "chart/interaction.h"
 #include "chart_fixture.h"
@@ -45,10 +43,14 @@ class InteractionTest : public ChartTest {
         testkit::RawDb raw(path, testkit::RawDb::Access::ReadOnly);
         return raw.value(QString("SELECT GAS_TEXT FROM OMBRI_DB_010 WHERE ID = %1").arg(id));
     }
-    int visibleBoxes(const QString& tag) const {
-        int n = 0;
-        for (const auto& l : ws.chart.lbl_insert_txt) n += l.Visible && l.Tag == tag;
-        return n;
+    // The one box shown beside a record; 0 for none or several.
+    int boxOf(int32_t id) const {
+        int found = 0;
+        for (int n = 1; n < int(ws.chart.lbl_insert_txt.size()); ++n) {
+            const auto& l = ws.chart.lbl_insert_txt[n];
+            if (l.Visible && l.Tag == QString::number(id)) found = found ? -1 : n;
+        }
+        return std::max(found, 0);
     }
 };
 
@@ -287,37 +289,29 @@ TEST_F(InteractionTest, TextBoxesAreKeptOneToARecordInTheJobFile) {
     auto& c = ws.chart;
     const int y = firstRow() + 200;
     const int32_t id = c.RowRecordId[y];
-    const QString tag = QString::number(id);
-    struct Case {
-        const char* name;
+    // The second box on the record replaces the first; a caret ends the
+    // caption drawn.
+    const struct {
         QString words;
-        double x, y;
-        QString stored; // GAS_TEXT afterwards
-        QString drawn;  // the caption after a redraw ("" for none)
-    } cases[] = {
-        {"a box", "Trip gas", 7000.4, double(y), "7000 ^Trip gas", "Trip gas"},
-        // The record's box is replaced; a caret ends the caption drawn.
-        {"a caret in the words", "C1^C2 up", 7500, double(y), "7500 ^C1^C2 up", "C1"},
-    };
+        double x;
+        QString stored, drawn;
+    } cases[] = {{"Trip gas", 7000.4, "7000 ^Trip gas", "Trip gas"},
+                 {"C1^C2 up", 7500, "7500 ^C1^C2 up", "C1"}};
     for (const auto& k : cases) {
-        SCOPED_TRACE(k.name);
+        SCOPED_TRACE(k.words.toStdString());
         ws.fm_Gas_Chart.txt_message.setText(k.words);
         cmd_ins_text_Click(ws);
-        ASSERT_GT(c.PlacingTextBox, 0);
         const int n = c.PlacingTextBox;
+        ASSERT_GT(n, 0);
         // The box follows the pointer until the release drops it.
-        graph_MouseMove(ws, 0, 0, k.x - 200, k.y);
+        graph_MouseMove(ws, 0, 0, k.x - 200, y);
         EXPECT_EQ(c.lbl_insert_txt[n].Left, k.x);
-        graph_MouseUp(ws, kLeftButton, 0, k.x, k.y);
+        graph_MouseUp(ws, kLeftButton, 0, k.x, y);
         EXPECT_EQ(c.PlacingTextBox, 0);
         EXPECT_EQ(gasText(id), k.stored);
         draw();
-        EXPECT_EQ(visibleBoxes(tag), 1);
-        for (const auto& l : c.lbl_insert_txt) {
-            if (l.Visible && l.Tag == tag) {
-                EXPECT_EQ(l.Caption, k.drawn);
-            }
-        }
+        ASSERT_GT(boxOf(id), 0);
+        EXPECT_EQ(c.lbl_insert_txt[boxOf(id)].Caption, k.drawn);
     }
 
     // Dropped on an empty row the box stays in the hand and nothing is
@@ -333,9 +327,7 @@ TEST_F(InteractionTest, TextBoxesAreKeptOneToARecordInTheJobFile) {
 
     // Chosen, a box takes new words, and the delete empties its field.
     draw();
-    int n = 0;
-    for (int k = 1; k < int(c.lbl_insert_txt.size()); ++k)
-        if (c.lbl_insert_txt[k].Visible && c.lbl_insert_txt[k].Tag == tag) n = k;
+    const int n = boxOf(id);
     ASSERT_GT(n, 0);
     const auto& box = c.lbl_insert_txt[n];
     EXPECT_EQ(box.Left, 7500);

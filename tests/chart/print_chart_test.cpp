@@ -1,6 +1,4 @@
-// The chart on paper: the picture on screen, hour tags and all, goes to the
-// print box (whose page is print_picture_box_test's), and the chart is drawn
-// anew after it.
+// The print box's own page is print_picture_box_test's.
 #include "chart/interaction.h"
 #include "chart_fixture.h"
 #include "workstation/image_canvas.h"
