@@ -308,6 +308,7 @@ TEST_F(InteractionTest, TextBoxesAreKeptOneToARecordInTheJobFile) {
         EXPECT_EQ(c.lbl_insert_txt[n].Left, k.x);
         graph_MouseUp(ws, kLeftButton, 0, k.x, y);
         EXPECT_EQ(c.PlacingTextBox, 0);
+        EXPECT_EQ(boxOf(id), n) << "the record's earlier box is still shown";
         EXPECT_EQ(gasText(id), k.stored);
         draw();
         ASSERT_GT(boxOf(id), 0);
