@@ -67,10 +67,6 @@ TEST_F(Sync, APauseUnderFiveSecondsKeepsTheTransferGoing) {
     EXPECT_EQ(sim->count("TRANSFER PAUSE 500"), 1);
     // 1000 samples of the past and the greeting packet.
     EXPECT_EQ(rows(), 1001) << "the pause did not end the transfer";
-    testkit::RawDb raw(job, testkit::RawDb::Access::ReadOnly);
-    EXPECT_EQ(raw.value("SELECT DATE_TXT || ' ' || TIME_TXT FROM OMBRI_DB_010 WHERE PACKET_NUM = "
-                        "5002"),
-              "2026/11/01 06:00:06");
     EXPECT_TRUE(captions.count("Kettlewick In Transfer"));
     EXPECT_GE(counts.size(), 2u) << "the count goes up chunk by chunk";
     EXPECT_TRUE(counts.count("25 records transfered"));
