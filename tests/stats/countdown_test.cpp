@@ -92,7 +92,6 @@ TEST_F(StatsJob, TheEventLoopTurnsDuringARunAndTheTimersGoOn) {
     stats::Generate_Stats_Report(ws);
     tick.stop();
     EXPECT_TRUE(sawRunning);
-    EXPECT_GE(turns, 2);
     EXPECT_EQ(ws.settings.stats_countdown, 500 - turns);
     // The report only reads: it never holds the file's write lock.
     EXPECT_EQ(ws.loop.yieldsHoldingWriteLock, 0);

@@ -23,8 +23,6 @@ TEST_F(StatsJob, AtAReportHourOfMidnightTheFirstDayIsTheHourToMidnight) {
     // The last record: 14999 x 6 s = 24:59:54 after 23:00:00.
     EXPECT_EQ(Blocks(run()), QStringList({"11/01/2026 23:00:00 - 11/02/2026 00:00:00",
                                           "11/02/2026 00:00:00 - 11/02/2026 23:59:54"}));
-    EXPECT_EQ(status().filter("Processed "), QStringList({"Processed 599 number of records",
-                                                          "Processed 14399 number of records"}));
 }
 
 TEST_F(StatsJob, ThreeSecondPacketsCutADayAt14501RecordsWithNegativeOffBottomTime) {
@@ -38,10 +36,6 @@ TEST_F(StatsJob, ThreeSecondPacketsCutADayAt14501RecordsWithNegativeOffBottomTim
               QStringList({"11/01/2026 05:00:00 - 11/01/2026 17:05:03",
                            "11/01/2026 17:05:03 - 11/02/2026 05:00:00",
                            "11/02/2026 05:00:00 - 11/02/2026 05:59:57"}));
-    // 14501 records, then 14501 to 28799, then 28800 to 29999
-    EXPECT_EQ(status().filter("Processed "),
-              QStringList({"Processed 14501 number of records", "Processed 14298 number of records",
-                           "Processed 1199 number of records"}));
     // All on bottom: the first block's 14501 records count 87006 s on
     // bottom, and 86400 - 87006 = -606 s off.
     EXPECT_EQ(

@@ -102,8 +102,6 @@ TEST_F(StatsJob, TheNewReportTakesThePlaceOfTheOldOnlyWhenWhole) {
     ws.fm_setup.txt_stats_filename.setText(name);
     ws.fm_setup.txt_stats_output.setText("");
     stats::Generate_Stats_Report(ws);
-    EXPECT_TRUE(status().last().startsWith("Unable to write the report file " + name + ": "))
-        << status().last().toStdString();
     EXPECT_EQ(ws.fm_setup.txt_stats_output.text(), "Error in opening file: " + name + "\r\n");
     EXPECT_EQ(Digest(path), before);
     EXPECT_EQ(QDir(folder.file("DB_CUE")).entryList(QDir::Files), files);
@@ -114,22 +112,19 @@ TEST(EdgeCases, ARecordThatCantBeReadEndsItsPartOfTheReportWithItsOwnError) {
     struct Case {
         const char* what;
         const char* spoil;
-        QStringList logged;
-        bool secondDay; // the day of 11/02 written
+        const char* logged; // the error log's one line, or none
+        bool secondDay;     // the day of 11/02 written
         int tallyLines;
     };
     // Cycles of 100 records: record 14410 (packet 14411) drills on 11/02,
     // record 14490 is the 11th off bottom of its cycle, a tally entry.
     const Case cases[] = {
         // A rate is read on bottom only: the days stop, the tally is whole.
-        {"no rate on bottom",
-         "MIN_FT = NULL WHERE PACKET_NUM = 14411",
-         {"Daily Stats Err: Invalid use of Null Err pt: 6"},
-         false,
-         150},
+        {"no rate on bottom", "MIN_FT = NULL WHERE PACKET_NUM = 14411",
+         "Daily Stats Err: Invalid use of Null Err pt: 6", false, 150},
         // The time is read only for a connection.
-        {"no time at a connection", "DT = NULL WHERE PACKET_NUM = 14491", {"Tally Err: "}, true, 0},
-        {"no time elsewhere", "DT = NULL WHERE PACKET_NUM = 14411", {}, true, 150},
+        {"no time at a connection", "DT = NULL WHERE PACKET_NUM = 14491", "Tally Err: ", true, 0},
+        {"no time elsewhere", "DT = NULL WHERE PACKET_NUM = 14411", nullptr, true, 150},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.what);
@@ -138,9 +133,10 @@ TEST(EdgeCases, ARecordThatCantBeReadEndsItsPartOfTheReportWithItsOwnError) {
         db::OpenDatabase(job.path).Execute(QString("UPDATE OMBRI_DB_010 SET ") + c.spoil);
         const QStringList r = job.run();
         const QStringList log = job.folder.read("ERR_LOG.TXT").split("\r\n", Qt::SkipEmptyParts);
-        ASSERT_EQ(log.size(), c.logged.size()) << log.join("|").toStdString();
-        for (int i = 0; i < log.size(); ++i)
-            EXPECT_TRUE(log[i].contains(c.logged[i])) << log[i].toStdString();
+        ASSERT_EQ(log.size(), c.logged ? 1 : 0) << log.join("|").toStdString();
+        if (c.logged) {
+            EXPECT_TRUE(log[0].contains(c.logged)) << log[0].toStdString();
+        }
         EXPECT_TRUE(r.contains("START DATE: 11/01/2026"));
         EXPECT_EQ(r.contains("START DATE: 11/02/2026"), c.secondDay);
         EXPECT_EQ(Job::tally(r).size(), c.tallyLines);
