@@ -1,7 +1,5 @@
 // The rig data recorder simulator on one end of a socat pair, the
-// workstation on the other: the workstation finds it, shows its values,
-// sends a frame of gas results back per instrument packet, and what the
-// simulator recorded matches what the job stored, frame by frame.
+// workstation on the other.
 #include "wits_fixture.h"
 
 #include "acquisition/parser.h"
