@@ -15,6 +15,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScrollBar>
 #include <QTabWidget>
 #include <gtest/gtest.h>
 
@@ -63,7 +64,6 @@ TEST(Binder, TextBoxCommitsOnLeavingAndNotOnTheProgramsWrites) {
               .commit = [&] { calls << "commit:" + c.text(); },
               .change = [&] { calls << "change:" + c.text(); }});
     c.setText("10");
-    EXPECT_EQ(e->text(), "10");
     EXPECT_TRUE(calls.isEmpty());
     uitest::type(e, "0");
     uitest::leave(e);
@@ -155,6 +155,7 @@ TEST(Binder, TerminalShowsTheLogWithTheNewestLineInViewAndTheTextAreaWritesBack)
         c.setText(log);
     }
     EXPECT_EQ(t->textCursor().position(), t->document()->characterCount() - 1);
+    EXPECT_EQ(t->verticalScrollBar()->value(), t->verticalScrollBar()->maximum());
     // A cut log (the model keeps its tail) is shown as cut.
     c.setText(log.right(100));
     EXPECT_EQ(t->toPlainText(), log.right(100).replace("\r\n", "\n"));
@@ -180,7 +181,6 @@ TEST(Binder, AGoneWidgetAThrowingHandlerAndAStrayClickLeaveTheScreenUp) {
     c.setIndex(6);
     auto* e = new QLineEdit;
     ui::bind(e, c);
-    EXPECT_EQ(e->objectName(), "txt_data_6");
     delete e;
     c.setText("1550");
     c.setVisible(false);
