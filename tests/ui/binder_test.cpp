@@ -6,12 +6,10 @@
 #include "ui/option_group.h"
 
 #include <QCheckBox>
-#include <QCoreApplication>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
-#include <QMouseEvent>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
@@ -196,15 +194,8 @@ TEST(Binder, AGoneWidgetAThrowingHandlerAndAStrayClickLeaveTheScreenUp) {
     t->setReadOnly(true);
     int clicks = 0;
     ui::bind(t, raw, {.dblClick = [&] { ++clicks; }});
-    QWidget* area = t->viewport();
-    const QPointF at(5, 5);
-    auto send = [&](QEvent::Type type, Qt::MouseButton b) {
-        QMouseEvent e(type, at, area->mapToGlobal(at), b, b, Qt::NoModifier);
-        QCoreApplication::sendEvent(area, &e);
-    };
-    send(QEvent::MouseButtonPress, Qt::LeftButton);
-    send(QEvent::MouseButtonDblClick, Qt::RightButton);
+    uitest::doubleClick(t->viewport(), Qt::RightButton);
     EXPECT_EQ(clicks, 0);
-    send(QEvent::MouseButtonDblClick, Qt::LeftButton);
+    uitest::doubleClick(t->viewport(), Qt::LeftButton);
     EXPECT_EQ(clicks, 1);
 }

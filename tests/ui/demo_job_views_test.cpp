@@ -31,15 +31,6 @@ struct DemoStation : uitest::Station {
     }
 };
 
-void doubleClick(QWidget* w, QPoint at) {
-    uitest::press(w, Qt::LeftButton, at);
-    uitest::release(w, Qt::LeftButton, at);
-    QMouseEvent twice(QEvent::MouseButtonDblClick, at, w->mapToGlobal(at), Qt::LeftButton,
-                      Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(w, &twice);
-    uitest::release(w, Qt::LeftButton, at);
-}
-
 } // namespace
 
 TEST(DemoJobViews, TheChartWidgetHandsMouseAndKeysToTheChartInTwipsAndTheBoxIsDragged) {
@@ -92,8 +83,10 @@ TEST(DemoJobViews, TheChartWidgetHandsMouseAndKeysToTheChartInTwipsAndTheBoxIsDr
     const double xScale = view->width() / c.graph->Width();
     const double yScale = view->height() / c.graph->Height();
     const QPointF first(c.PlotLeft + 1500, top), second(c.PlotLeft + 2500, bottom);
-    doubleClick(view, QPoint(int(first.x() * xScale), int(first.y() * yScale)));
-    doubleClick(view, QPoint(int(second.x() * xScale), int(second.y() * yScale)));
+    uitest::doubleClick(view, Qt::LeftButton,
+                        QPoint(int(first.x() * xScale), int(first.y() * yScale)));
+    uitest::doubleClick(view, Qt::LeftButton,
+                        QPoint(int(second.x() * xScale), int(second.y() * yScale)));
     // A pixel of the widget is this many twips.
     EXPECT_NEAR(c.SelectStartX, first.x(), 1.0 / xScale + 1);
     EXPECT_NEAR(c.SelectStartY, first.y(), 1.0 / yScale + 1);

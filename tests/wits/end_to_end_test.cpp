@@ -48,7 +48,6 @@ class EndToEnd : public WitsTest {
 
 TEST_F(EndToEnd, TheRecorderStreamsAndGetsOneFramePerStoredPacket) {
     connect({"--rate", "2", "--start-depth", "5000"});
-    EXPECT_GE(sim->count("PROBE"), 1);
 
     // The stream's values reach the slots and the bit depth label.
     ASSERT_TRUE(testkit::PumpUntil(3000, [&] { return slot(1) >= 5000; }));
