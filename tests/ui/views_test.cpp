@@ -32,7 +32,7 @@ template <class F> bool waitFor(F done, int ms = 3000) {
 
 } // namespace
 
-TEST(Views, EveryControlOfEveryPanelHasItsWidgetNamedAfterIt) {
+TEST(Views, EveryControlHasItsWidgetAndThePressesAndEntriesReachTheLogic) {
     Station st;
     ASSERT_TRUE(st.loaded);
     for (forms::Panel* p : st.ws.panels()) {
@@ -55,11 +55,7 @@ TEST(Views, EveryControlOfEveryPanelHasItsWidgetNamedAfterIt) {
         EXPECT_EQ(frame->title().toStdString(),
                   st.ws.more_data.frameOf(label.name()).caption().toStdString());
     }
-}
 
-TEST(Views, PressesAndEntriesOfTheControlBoxAndTheSetupReachTheLogic) {
-    Station st;
-    ASSERT_TRUE(st.loaded);
     auto* link = st.widgetOf<QPushButton>("fm_Gas_Chart", "cmd_comm1");
     ASSERT_NE(link, nullptr);
     link->click();
@@ -117,7 +113,7 @@ struct Instrument {
     }
 };
 
-TEST(Views, TheTerminalTheConsoleAndTheLoginPanelTalkToTheInstrument) {
+TEST(Views, PanelsTalkToTheInstrumentAndHideAndTheMainScreenAsksBeforeTheExit) {
     Station st;
     ASSERT_TRUE(st.loaded);
     Instrument kw;
@@ -152,11 +148,7 @@ TEST(Views, TheTerminalTheConsoleAndTheLoginPanelTalkToTheInstrument) {
     EXPECT_TRUE(kw.receive([](const QByteArray& g) { return g.contains("]\r\n"); }))
         << kw.got.toStdString();
     EXPECT_FALSE(st.window("fm_secure")->isVisible());
-}
 
-TEST(Views, PanelsHideThePressOnTheScreenTheTitleAndTheExitQuestion) {
-    Station st;
-    ASSERT_TRUE(st.loaded);
     st.ws.packet.UnitSerial = "1234";
     st.desktop.showMain();
     // Panels hide instead of closing, and follow their form.
