@@ -50,8 +50,7 @@ TEST(Binder, ButtonsAndLabelsTakeTheirColourAndTextNeverVanishesIntoItsGround) {
     EXPECT_EQ(l->palette().color(QPalette::WindowText), QColor(Qt::white));
 }
 
-// Typing and Enter reach their handlers in views_test; here the program's
-// own writes run none, and leaving a box commits it.
+// Typing and Enter reach their handlers in views_test.
 TEST(Binder, TextBoxCommitsOnLeavingAndNotOnTheProgramsWrites) {
     Host host;
     Control c("txt_refresh_timer");
@@ -68,9 +67,9 @@ TEST(Binder, TextBoxCommitsOnLeavingAndNotOnTheProgramsWrites) {
     EXPECT_EQ(calls, QStringList({"change:100", "commit:100"}));
 }
 
-// A press on each reaches its handler in views_test; here the program's
-// value reaches the screen, and the options of one frame are one choice.
-TEST(Binder, CheckBoxOptionAndOptionGroupShowTheModelsValue) {
+// A press on each reaches its handler in views_test; here the options of
+// one frame are one choice, and the model's values reach the screen.
+TEST(Binder, ChoicesListsLabelsAndTabsShowTheModelsValue) {
     Host host;
     Control box("ck_Use_TCP", "Use Ethernet");
     int clicks = 0;
@@ -101,11 +100,7 @@ TEST(Binder, CheckBoxOptionAndOptionGroupShowTheModelsValue) {
     EXPECT_EQ(og->button(2)->text(), "Space");
     group.setValue(3);
     EXPECT_EQ(og->chosen(), 3);
-}
 
-// A frame's words follow the model in views_test (the metric box).
-TEST(Binder, ListLabelAndTabsFollowTheModel) {
-    Host host;
     Control list("wits_info");
     auto* lw = new QListWidget(&host.window);
     ui::bind(lw, list);
