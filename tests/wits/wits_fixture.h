@@ -1,7 +1,6 @@
 #pragma once
-// A workstation over a temporary program folder, with the shipped WITS item
-// file, for the WITS gateway's tests; frames built with the gateway's own
-// writer, and a serial line to play the recorder on.
+// A workstation with the shipped WITS item file, and a serial line to play
+// the recorder on.
 
 #include "pty_pair.h"
 #include "test_station.h"
@@ -23,7 +22,7 @@ namespace witstest {
 
 class WitsTest : public ::testing::Test, protected testkit::Station {
   protected:
-    explicit WitsTest(const QString& jobName = {}) : testkit::Station(jobName) {
+    WitsTest() {
         ws.Now = testkit::FixedNow;
         ws.ports.setScanDevices(false);
         wits::LoadWitsFile(ws);
@@ -45,12 +44,11 @@ class WitsTest : public ::testing::Test, protected testkit::Station {
         return "\r\n" + wits::Frame(items);
     }
     const QStringList& list() const { return ws.more_data.wits_info.items(); }
-    // A socat pair with the workstation's port n at one end; the far end is
-    // opened as `edr` unless a simulator is to take it.
-    void pairOn(int n, bool openFarEnd = true) {
+    // A socat pair with the workstation's port n at one end and `edr`, the
+    // recorder's side, open at the other.
+    void pairOn(int n) {
         ASSERT_TRUE(pair.start()) << "socat gave no port pair";
         ws.ports.place(n, pair.workstationEnd());
-        if (!openFarEnd) return;
         edr.setPortName(pair.farEnd());
         ASSERT_TRUE(edr.open(QIODevice::ReadWrite));
     }
