@@ -22,7 +22,7 @@ namespace witstest {
 
 class WitsTest : public ::testing::Test, protected testkit::Station {
   protected:
-    WitsTest() {
+    explicit WitsTest(const QString& jobName = {}) : testkit::Station(jobName) {
         ws.Now = testkit::FixedNow;
         ws.ports.setScanDevices(false);
         wits::LoadWitsFile(ws);
@@ -44,11 +44,12 @@ class WitsTest : public ::testing::Test, protected testkit::Station {
         return "\r\n" + wits::Frame(items);
     }
     const QStringList& list() const { return ws.more_data.wits_info.items(); }
-    // A socat pair with the workstation's port n at one end and `edr`, the
-    // recorder's side, open at the other.
-    void pairOn(int n) {
+    // A socat pair with the workstation's port n at one end; the far end is
+    // opened as `edr` unless a simulator is to take it.
+    void pairOn(int n, bool openFarEnd = true) {
         ASSERT_TRUE(pair.start()) << "socat gave no port pair";
         ws.ports.place(n, pair.workstationEnd());
+        if (!openFarEnd) return;
         edr.setPortName(pair.farEnd());
         ASSERT_TRUE(edr.open(QIODevice::ReadWrite));
     }
