@@ -1,7 +1,7 @@
 // The report on jobs that give it little to go on, and where it can't write.
+#include "file_bytes.h"
 #include "stats_fixture.h"
 
-#include <QCryptographicHash>
 #include <QTimer>
 
 namespace {
@@ -68,12 +68,6 @@ TEST(EdgeCases, NoBitDepthMeansNoWitsAndAReportOfTwoLines) {
     }
 }
 
-QByteArray Digest(const QString& file) {
-    QFile f(file);
-    if (!f.open(QIODevice::ReadOnly)) return {};
-    return QCryptographicHash::hash(f.readAll(), QCryptographicHash::Sha256);
-}
-
 TEST_F(StatsJob, TheNewReportTakesThePlaceOfTheOldOnlyWhenWhole) {
     add(Cycles(15000));
     {
@@ -97,13 +91,13 @@ TEST_F(StatsJob, TheNewReportTakesThePlaceOfTheOldOnlyWhenWhole) {
 
     // A report folder that can't be written (the job file stands in its
     // place, so not even root writes there) is said, and the job untouched.
-    const QByteArray before = Digest(path);
+    const QByteArray before = testkit::FileDigest(path);
     const QString name = path + "/AUTOTALLY.TXT";
     ws.fm_setup.txt_stats_filename.setText(name);
     ws.fm_setup.txt_stats_output.setText("");
     stats::Generate_Stats_Report(ws);
     EXPECT_EQ(ws.fm_setup.txt_stats_output.text(), "Error in opening file: " + name + "\r\n");
-    EXPECT_EQ(Digest(path), before);
+    EXPECT_EQ(testkit::FileDigest(path), before);
     EXPECT_EQ(QDir(folder.file("DB_CUE")).entryList(QDir::Files), files);
     EXPECT_FALSE(ws.stats.running);
 }
