@@ -2,8 +2,6 @@
 // refuse, and how a restore undoes them.
 #include "geo_fixture.h"
 
-#include <functional>
-
 using namespace geotest;
 using platform::Answer;
 
@@ -11,120 +9,56 @@ namespace {
 
 class GeoEdit : public ::testing::Test, protected GeoJob {};
 
-TEST_F(GeoEdit, TicksAndStopsGoOnAndComeOffOneRecord) {
-    struct Case {
-        const char* name;
-        std::function<void(GeoJob&)> act;
-        const char* column;
-        QString expected;
-    };
-    const QString plain = "1000.0 1000.0 1000.0 1000.0 1001.0 1001.0 1001.0 1001.0";
-    // Each case on a fresh copy of eight records, two feet of four.
-    const Case cases[] = {
-        {"a tick", [](GeoJob& j) { j.click(&depth::cmd_add_foot_tick_Click, 0, 3); }, "DEPTH",
-         "1000.0 1000.0 -1000.0 1000.0 1001.0 1001.0 1001.0 1001.0"},
-        {"twice is none",
-         [](GeoJob& j) {
-             j.click(&depth::cmd_add_foot_tick_Click, 0, 3);
-             j.click(&depth::cmd_add_foot_tick_Click, 0, 3);
-         },
-         "DEPTH", plain},
-        {"a stop", [](GeoJob& j) { j.click(&depth::cmd_add_foot_tick_Click, 1, 6); }, "CGTESTNUM",
-         "1.0 1.0 1.0 1.0 1.0 -1.0 1.0 1.0"},
-        {"not at the newest", [](GeoJob& j) { j.click(&depth::cmd_add_foot_tick_Click, 0, 8); },
-         "DEPTH", plain},
-        {"the nearest tick comes off",
-         [](GeoJob& j) {
-             j.click(&depth::cmd_add_foot_tick_Click, 0, 3);
-             j.click(&depth::cmd_add_foot_tick_Click, 0, 7);
-             j.click(&depth::cmd_rem_foot_tick_Click, 0, 6);
-         },
-         "DEPTH", "1000.0 1000.0 -1000.0 1000.0 1001.0 1001.0 1001.0 1001.0"},
-        {"the stop comes off",
-         [](GeoJob& j) {
-             j.click(&depth::cmd_add_foot_tick_Click, 1, 4);
-             j.click(&depth::cmd_rem_foot_tick_Click, 1, 2);
-         },
-         "CGTESTNUM", "1.0 1.0 1.0 1.0 1.0 1.0 1.0 1.0"},
-    };
-    for (const Case& c : cases) {
-        GeoJob j;
-        j.write(Feet(1000, 2, 4));
-        c.act(j);
-        EXPECT_EQ(j.column(c.column), c.expected) << c.name;
-        EXPECT_FALSE(j.busy()) << c.name;
-    }
-}
-
-TEST_F(GeoEdit, RemovingWhatIsNotThereSaysSo) {
+TEST_F(GeoEdit, TicksAndStopsGoOnAndComeOffOneRecordAndSayWhenNoneIsThere) {
     write(Feet(1000, 2, 4));
+    const QString plain = column("DEPTH");
+    // Twice on one record is none; none goes on the newest record.
+    click(&depth::cmd_add_foot_tick_Click, 0, 3);
+    click(&depth::cmd_add_foot_tick_Click, 0, 3);
+    click(&depth::cmd_add_foot_tick_Click, 0, 8);
+    EXPECT_EQ(column("DEPTH"), plain);
+    // The nearest tick comes off.
+    click(&depth::cmd_add_foot_tick_Click, 0, 3);
+    click(&depth::cmd_add_foot_tick_Click, 0, 7);
+    click(&depth::cmd_rem_foot_tick_Click, 0, 6);
+    EXPECT_EQ(column("DEPTH"), "1000.0 1000.0 -1000.0 1000.0 1001.0 1001.0 1001.0 1001.0");
+    click(&depth::cmd_add_foot_tick_Click, 1, 6);
+    EXPECT_EQ(column("CGTESTNUM"), "1.0 1.0 1.0 1.0 1.0 -1.0 1.0 1.0");
+    click(&depth::cmd_rem_foot_tick_Click, 1, 2);
+    EXPECT_FALSE(column("CGTESTNUM").contains('-'));
+    EXPECT_TRUE(dialogs.boxes.empty());
+
+    click(&depth::cmd_rem_foot_tick_Click, 0, 4);
+    EXPECT_EQ(column("DEPTH"), plain);
     click(&depth::cmd_rem_foot_tick_Click, 0, 4);
     click(&depth::cmd_rem_foot_tick_Click, 1, 4);
     ASSERT_EQ(dialogs.boxes.size(), 2u);
     EXPECT_EQ(dialogs.boxes[0].text, "Ft not found to remove");
     EXPECT_EQ(dialogs.boxes[1].text, "Numbering stop not found to remove");
+    EXPECT_FALSE(ws.db.Gdb_busy);
 }
 
 TEST_F(GeoEdit, RenumberCountsTicksAndChangesAndEndsAtAStop) {
-    struct Case {
-        const char* name;
-        std::vector<Rec> recs;
-        int direction;
-        int from;
-        const char* startAt; // nullptr: no start number
-        QString expected;
-    };
-    const Case cases[] = {
-        {"three ticks going down, fractions kept",
-         {{1000.25}, {1000.25}, {-1000.5}, {1000.5}, {-1000.5}, {-1000.75}, {1000.75}},
-         1,
-         1,
-         nullptr,
-         "1000.25 1000.25 1001.5 1001.5 1002.5 1003.75 1003.75"},
-        {"going up from the newest",
-         {{500}, {505}, {505}, {502}, {502}},
-         0,
-         5,
-         nullptr,
-         "500.0 501.0 501.0 502.0 502.0"},
-        {"a stop ends it at the next change",
-         {{10}, {15}, {15, true}, {15}, {17}, {18}},
-         1,
-         1,
-         nullptr,
-         "10.0 11.0 11.0 11.0 17.0 18.0"},
-        {"the start number at the first tick",
-         {{10}, {10}, {-10}, {10}, {11}},
-         1,
-         1,
-         "2000",
-         "10.0 10.0 2001.0 2001.0 2002.0"},
-        {"across a place holder",
-         {{300}, {305}, {305, false, "0 *#"}, {305, false, "0 *#"}, {306}},
-         1,
-         1,
-         nullptr,
-         "300.0 301.0 301.0 301.0 302.0"},
-        {"across a place holder with the feet miscounted",
-         {{300}, {300}, {300, false, "0 *#"}, {-300, false, "0 *#"}, {301}},
-         1,
-         1,
-         nullptr,
-         "300.0 300.0 300.0 301.0 302.0"},
-    };
-    for (const Case& c : cases) {
+    auto renumbered = [](const std::vector<Rec>& recs, int direction, int from,
+                         const char* startAt) {
         GeoJob j;
-        j.write(c.recs);
+        j.write(recs);
         const QString raw = j.column("DEPTH_RAW");
-        j.renumber(c.direction, c.from, c.startAt);
-        EXPECT_EQ(j.column("DEPTH"), c.expected) << c.name;
-        EXPECT_EQ(j.column("DEPTH_RAW"), raw) << c.name << ": the raw depth stays";
-    }
+        j.renumber(direction, from, startAt);
+        EXPECT_EQ(j.column("DEPTH_RAW"), raw) << "the raw depth stays";
+        return j.column("DEPTH");
+    };
+    // Going down: ticks, fractions kept, the start number at the first, a stop.
+    EXPECT_EQ(renumbered({{10.25}, {10.25}, {-10.5}, {-10.5}, {10.5}, {15, true}, {15}, {17}, {18}},
+                         1, 1, "2000"),
+              "10.25 10.25 2001.5 2002.5 2002.5 2003.0 2003.0 17.0 18.0");
+    EXPECT_EQ(renumbered({{500}, {505}, {505}, {502}, {502}}, 0, 5, nullptr),
+              "500.0 501.0 501.0 502.0 502.0")
+        << "going up from the newest";
 }
 
 TEST_F(GeoEdit, RestoreAfterEditsGivesTheRawDepthBack) {
-    const std::vector<Rec> recs = Feet(1000, 5, 6);
-    write(recs);
+    write(Feet(1000, 5, 6));
     const QString raw = column("DEPTH_RAW");
     click(&depth::cmd_add_foot_tick_Click, 0, 4);
     renumber(1, 2, "3000");
@@ -143,13 +77,10 @@ TEST_F(GeoEdit, RestoreAfterEditsGivesTheRawDepthBack) {
         EXPECT_EQ(part[i], restored ? rawRows[i] : before[i]) << "record " << i + 1;
     }
 
-    // All: answered No, nothing; Yes, everything.
+    // All, answered No: nothing.
     answer(Answer::No);
     depth::cmd_restore_all_geo_Click(ws);
     EXPECT_EQ(column("DEPTH").split(' '), part);
-    answer(Answer::Yes);
-    depth::cmd_restore_all_geo_Click(ws);
-    EXPECT_EQ(column("DEPTH"), raw);
     EXPECT_EQ(dialogs.boxes.back().title, "RESTORE DEPTH MARKS?");
 }
 
@@ -194,46 +125,27 @@ TEST_F(GeoEdit, GasMarkedBadStacksAndGoodTakesEveryMarkOff) {
 TEST_F(GeoEdit, RefusalsChangeNothing) {
     // The stretch commands share their selection check and every command
     // its busy check: one case each stands for all of them.
-    struct Case {
-        const char* name;
-        std::function<void(GeoJob&)> arrange;
-        std::function<void(GeoJob&)> command;
-    };
-    auto none = [](GeoJob&) {};
-    auto tick = [](GeoJob& j) { depth::cmd_add_foot_tick_Click(j.station(), 0); };
-    auto bad = [](GeoJob& j) { depth::cmd_Mark_GU_Click(j.station(), 1); };
-    const Case cases[] = {
-        {"delete ticks, no selection", none,
-         [](GeoJob& j) { depth::cmd_del_sel_ticks_Click(j.station()); }},
-        {"tick, line not level",
-         [](GeoJob& j) {
-             j.level(10);
-             j.station().chart.ln_selecter_Y2 += 15;
-         },
-         tick},
-        {"tick, chart drawing",
-         [](GeoJob& j) {
-             j.level(10);
-             j.station().chart.Gchart_busy = true;
-         },
-         tick},
-        {"mark, busy",
-         [](GeoJob& j) {
-             j.select(3, 30);
-             j.setBusy(true);
-         },
-         bad},
-    };
-    for (const Case& c : cases) {
-        GeoJob j;
-        std::vector<Rec> recs = Feet(700, 8, 5);
-        recs[12].depth = -recs[12].depth;
-        j.write(recs);
-        const QString before = j.dump();
-        c.arrange(j);
-        c.command(j);
-        EXPECT_EQ(j.dump(), before) << c.name;
-    }
+    std::vector<Rec> recs = Feet(700, 8, 5);
+    recs[12].depth = -recs[12].depth;
+    write(recs);
+    const QString before = dump();
+    depth::cmd_del_sel_ticks_Click(ws);
+    EXPECT_EQ(dump(), before) << "delete ticks, no selection";
+
+    level(10);
+    ws.chart.ln_selecter_Y2 += 15;
+    depth::cmd_add_foot_tick_Click(ws, 0);
+    EXPECT_EQ(dump(), before) << "tick, line not level";
+    level(10);
+    ws.chart.Gchart_busy = true;
+    depth::cmd_add_foot_tick_Click(ws, 0);
+    EXPECT_EQ(dump(), before) << "tick, chart drawing";
+
+    ws.chart.Gchart_busy = false;
+    select(3, 30);
+    ws.db.Gdb_busy = true;
+    depth::cmd_Mark_GU_Click(ws, 1);
+    EXPECT_EQ(dump(), before) << "mark, busy";
 }
 
 } // namespace

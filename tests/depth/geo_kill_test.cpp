@@ -28,11 +28,6 @@ TEST(GeoKill, AKilledCommandLeavesTheJobAsBefore) {
     };
     const Case cases[] = {
         {"renumber", [](GeoJob& j) { j.renumber(1, 2, "5000"); }},
-        {"restore all",
-         [](GeoJob& j) {
-             j.answer(platform::Answer::Yes);
-             depth::cmd_restore_all_geo_Click(j.station());
-         }},
         {"range delete",
          [](GeoJob& j) {
              j.select(100, 15000);
@@ -43,8 +38,6 @@ TEST(GeoKill, AKilledCommandLeavesTheJobAsBefore) {
     for (const Case& c : cases) {
         GeoJob j;
         j.write(GeoJob::Feet(1000, 2000, 10));
-        // Edited depths, for the restore to take back.
-        testkit::RawDb(j.path()).exec("UPDATE OMBRI_DB_010 SET DEPTH = DEPTH + 0.5");
         const QString before = j.dump();
         // The child opens its own connection: none may cross the fork.
         store::CloseSharedDb(j.station());

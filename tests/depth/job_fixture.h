@@ -21,28 +21,14 @@ struct Packet {
     double depth = 1000, gas = 10, minFt = 1, spm = 100;
     bool badGas = false;
     std::array<double, 5> gases{}; // C1 .. NC4
-    Packet& rate(double m) { return minFt = m, *this; }
-    Packet& pumps(double s) { return spm = s, *this; }
 };
-inline Packet At(double depth) {
-    Packet p;
-    p.depth = depth;
-    return p;
-}
 
 // A record written straight through the store, pumps at 100; no count
 // leaves TOTAL_STROKES Null.
 struct Row {
     double depth = 1000, minFt = 1;
-    std::optional<double> strokes;
-    Row& rate(double m) { return minFt = m, *this; }
-    Row& count(double s) { return strokes = s, *this; }
+    std::optional<double> strokes{};
 };
-inline Row RowAt(double depth) {
-    Row r;
-    r.depth = depth;
-    return r;
-}
 
 class JobTest : public ::testing::Test, protected testkit::Station {
   protected:
@@ -126,6 +112,13 @@ class JobTest : public ::testing::Test, protected testkit::Station {
         int n = 0;
         for (const auto& v : column("LAG_GU")) n += v.isNull() ? 0 : 1;
         return n;
+    }
+    // The job's write of one column of one record fails from now on.
+    void failUpdateOf(const char* column, long packetNum) {
+        exec(QString("CREATE TRIGGER stop_job BEFORE UPDATE OF %1 ON OMBRI_DB_010 "
+                     "WHEN OLD.PACKET_NUM = %2 BEGIN SELECT RAISE(ABORT, 'stopped'); END")
+                 .arg(column)
+                 .arg(packetNum));
     }
     // How many times a message went to the error log.
     int logged(const QString& text) const {

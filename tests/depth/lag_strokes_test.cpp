@@ -1,7 +1,6 @@
 // The strokes pass at its edges, on job files written by the record writer.
 #include "job_fixture.h"
 
-using depthtest::At;
 using depthtest::JobTest;
 
 TEST_F(JobTest, PassesThatLagNothing) {
@@ -13,7 +12,7 @@ TEST_F(JobTest, PassesThatLagNothing) {
     EXPECT_FALSE(ws.db.Gdb_busy);
 
     // No strokes at all: no record is lagged and the lag depth stands.
-    for (int i = 0; i < 50; ++i) save(At(500 + i * 0.1).pumps(0));
+    for (int i = 0; i < 50; ++i) save({.depth = 500 + i * 0.1, .spm = 0});
     ws.depth.Glag_depth_now = 777;
     wholePass();
     EXPECT_EQ(lagged(), 0);
@@ -22,31 +21,11 @@ TEST_F(JobTest, PassesThatLagNothing) {
     // 10000 ft at 1.1 strokes a foot needs 11000 strokes; the newest record
     // has 5000: target -6000, nothing from the hole is up yet.
     ws.depth.Gtotal_strokes = 4970;
-    for (int i = 0; i < 3; ++i) save(At(10000));
+    for (int i = 0; i < 3; ++i) save({.depth = 10000});
     wholePass();
     EXPECT_EQ(column("TOTAL_STROKES").back().toDouble(), 5000);
     EXPECT_EQ(lagged(), 0);
     EXPECT_EQ(ws.depth.Glag_depth_now, 0);
-}
-
-TEST_F(JobTest, WithNoLagEveryRecordButTheFirstIsItsOwnSourceAndClearingZeroesAll) {
-    // A zone of 0 strokes: every target is the record's own count, so the
-    // search stops where it starts. The first record still gets nothing:
-    // the pass leaves as soon as its source is the first record. 900
-    // records: the clearing takes more than one batch.
-    for (int i = 0; i < 900; ++i) save(At(300 + i).rate(2 + i));
-    strokesPass("0");
-    const auto lag = column("LAG_GU");
-    const auto data1 = column("DATA1");
-    EXPECT_TRUE(lag[0].isNull());
-    for (int i = 1; i < 900; ++i) {
-        ASSERT_EQ(num(lag[i]), 300 + i) << i;
-        ASSERT_EQ(num(data1[i]), 2 + i) << i;
-    }
-    depth::cmd_Clear_Lag_Click(ws);
-    for (const char* c : {"LAG_GU", "DATA1"})
-        for (const auto& v : column(c)) EXPECT_EQ(num(v), 0.0);
-    EXPECT_FALSE(ws.db.Gdb_busy);
 }
 
 TEST_F(JobTest, StrokeCounterJumpsAreReportedOncePerPlaceAndOnlyOnceLagging) {
@@ -54,9 +33,9 @@ TEST_F(JobTest, StrokeCounterJumpsAreReportedOncePerPlaceAndOnlyOnceLagging) {
     // from 20000. The first work record (20600) is far from the "last" count
     // of 0, but nothing is lagged yet: no message there. Work record 59
     // (600, after 20010) is the one place.
-    for (int i = 0; i < 60; ++i) save(At(100));
+    for (int i = 0; i < 60; ++i) save({.depth = 100});
     ws.depth.Gtotal_strokes = 20000;
-    for (int i = 0; i < 60; ++i) save(At(100));
+    for (int i = 0; i < 60; ++i) save({.depth = 100});
     strokesPass();
     EXPECT_EQ(logged("Sudden Strokes counter change\r\nRecalculate lag for whole DB to fix"), 1);
     EXPECT_EQ(at("LAG_GU", 59), 100) << "the pass went on past the jump";
@@ -69,10 +48,10 @@ TEST_F(JobTest, TheSearchStopsAtACounterJumpFromWhereItStarted) {
     // each source.
     ws.depth.Gtotal_strokes = 40000;
     int n = 0;
-    for (; n < 60; ++n) save(At(100).rate(n));
+    for (; n < 60; ++n) save({.depth = 100, .minFt = double(n)});
     ws.depth.Gtotal_strokes = 0;
-    for (; n < 80; ++n) save(At(100).rate(n).pumps(0));
-    for (; n < 140; ++n) save(At(100).rate(n));
+    for (; n < 80; ++n) save({.depth = 100, .minFt = double(n), .spm = 0});
+    for (; n < 140; ++n) save({.depth = 100, .minFt = double(n)});
     strokesPass("125");
     const auto data1 = column("DATA1");
     // Record 80 + k counts 10 (k + 1). Work record 139: 600 - 125 = 475,
@@ -93,7 +72,7 @@ TEST_F(JobTest, ANewFootTickEntersWithItsSignAndReportsTwice) {
     // target lies above its own count (5000 + 1810 + 1100), and the search
     // restarts at the work record before it (181), which it takes.
     ws.depth.Gtotal_strokes = 5000;
-    for (int i = 0; i < 200; ++i) save(At(i == 180 ? -1000.0 : 1000.0));
+    for (int i = 0; i < 200; ++i) save({.depth = i == 180 ? -1000.0 : 1000.0});
     strokesPass();
     EXPECT_EQ(logged("Sudden depth change at -1000"), 1);
     EXPECT_EQ(logged("Sudden depth change at 1000"), 1);
@@ -101,17 +80,18 @@ TEST_F(JobTest, ANewFootTickEntersWithItsSignAndReportsTwice) {
     EXPECT_EQ(at("LAG_GU", 179), 1000) << "beyond the tick the pass goes on";
 }
 
-TEST_F(JobTest, ADepthRangePassStartsAtOrBelowItsTopAndEndsPastItsFoot) {
-    // 4000 ft to 6990 ft, 10 ft a record, 300 records; no lag to speak of
-    // (a zone of 0 strokes), so each lagged record names itself.
-    for (int i = 0; i < 300; ++i) save(At(4000.0 + 10 * i));
+TEST_F(JobTest, ADepthRangePassStartsAtOrBelowItsTopAndEndsPastItsFootAndClearingZeroesAll) {
+    // 4000 ft on, 10 ft a record; no lag to speak of (a zone of 0 strokes),
+    // so each lagged record names itself. 500 records: the clearing takes
+    // more than one batch.
+    for (int i = 0; i < 500; ++i) save({.depth = 4000.0 + 10 * i});
     ws.fm_setup.txt_str_per_100ft[1].setText("0");
     ws.fm_setup.txt_recalc_lag_from.setText("5000");
     ws.fm_setup.txt_recalc_lag_to.setText("6000");
     byStrokes();
     depth::cmd_recalc_lag_Click(ws, 1);
     const auto lag = column("LAG_GU");
-    for (int i = 0; i < 300; ++i) {
+    for (int i = 0; i < 500; ++i) {
         const double depth = 4000.0 + 10 * i;
         SCOPED_TRACE(depth);
         // From the newest record at or below 6000 (record 200) down to the
@@ -125,10 +105,15 @@ TEST_F(JobTest, ADepthRangePassStartsAtOrBelowItsTopAndEndsPastItsFoot) {
     // again.
     EXPECT_EQ(logged("Total Strokes Fixed"), 1);
     EXPECT_TRUE(ws.depth.RopRebuild);
+
+    depth::cmd_Clear_Lag_Click(ws);
+    for (const char* c : {"LAG_GU", "DATA1"})
+        for (const auto& v : column(c)) EXPECT_EQ(num(v), 0.0);
+    EXPECT_FALSE(ws.db.Gdb_busy);
 }
 
 TEST_F(JobTest, TheRoutinePassLagsTheNewest400QuietlyAndTheTimerStandsBack) {
-    for (int i = 0; i < 600; ++i) save(At(2000 + i * 0.05));
+    for (int i = 0; i < 600; ++i) save({.depth = 2000 + i * 0.05});
     ws.fm_setup.txt_str_per_100ft[1].setText("1");
     byStrokes();
     // The file busy: no pass.
@@ -142,7 +127,7 @@ TEST_F(JobTest, TheRoutinePassLagsTheNewest400QuietlyAndTheTimerStandsBack) {
 }
 
 TEST_F(JobTest, ANullDepthEndsThePassThroughItsHandlerKeepingWhatItWrote) {
-    for (int i = 0; i < 120; ++i) save(At(800));
+    for (int i = 0; i < 120; ++i) save({.depth = 800});
     exec("UPDATE OMBRI_DB_010 SET DEPTH = NULL WHERE PACKET_NUM = 1080");
     strokesPass("0");
     EXPECT_EQ(logged("Recalculate Lag Err: Invalid use of Null  Errpt: 13"), 1);

@@ -1,67 +1,60 @@
 // Live packets go on arriving while the long jobs run (they let the event
-// loop run between batches): whatever becomes of the job, every packet that
-// arrived is in the file.
+// loop run between batches, or inside the one transaction of an edit):
+// whatever becomes of the job, every packet that arrived is in the file
+// once, after the job's own writes, in the order it came.
 #include "job_fixture.h"
 
+#include "depth/geo_edit.h"
+#include "raw_db.h"
 #include "store/lifecycle.h"
 
 #include <QTimer>
 
-using depthtest::At;
 using depthtest::JobTest;
-using depthtest::Packet;
-using depthtest::RowAt;
 
 namespace {
 
-// Saves a packet at every turn of the event loop while it runs.
-class Feeder {
-  public:
-    explicit Feeder(std::function<void()> save) {
-        timer_.setInterval(0);
-        QObject::connect(&timer_, &QTimer::timeout, [this, save] {
-            save();
-            ++sent;
-        });
-        timer_.start();
-    }
-    ~Feeder() { timer_.stop(); }
-    int sent = 0;
-
-  private:
-    QTimer timer_;
-};
-
-} // namespace
-
 class PacketsDuringJobs : public JobTest {
   protected:
+    // Saves a packet at every turn of the event loop while it lives; counts
+    // those that came while an edit held the writer back.
+    struct Feeder {
+        QTimer timer;
+        int sent = 0, held = 0;
+        explicit Feeder(PacketsDuringJobs& t) {
+            timer.setInterval(0);
+            QObject::connect(&timer, &QTimer::timeout, [this, &t] {
+                held += t.ws.db.writesHeld ? 1 : 0;
+                t.save({.depth = 2000});
+                ++sent;
+            });
+            timer.start();
+        }
+    };
+
     // n records with wrong IDs (the bulk rows carry their packet number),
     // strokes rising 10 a record, depth 0.1 ft a record.
     void fill(int n) {
         std::vector<depthtest::Row> rows;
-        for (int i = 0; i < n; ++i) rows.push_back(RowAt(1000 + i * 0.1).count(1000 + 10.0 * i));
+        for (int i = 0; i < n; ++i)
+            rows.push_back({.depth = 1000 + i * 0.1, .strokes = 1000 + 10.0 * i});
         bulk(rows);
-    }
-    // The job's write of one record fails from now on.
-    void failUpdateOf(const char* column, long packetNum) {
-        exec(QString("CREATE TRIGGER stop_job BEFORE UPDATE OF %1 ON OMBRI_DB_010 "
-                     "WHEN OLD.PACKET_NUM = %2 BEGIN SELECT RAISE(ABORT, 'stopped'); END")
-                 .arg(column)
-                 .arg(packetNum));
     }
     void expectEveryPacketKept(int before, int sent, long firstLive) {
         EXPECT_GT(sent, 0) << "no packet arrived while the job ran";
         EXPECT_EQ(logged("DB Write Err"), 0);
-        // Each live packet number is there once.
-        const auto packets = column("PACKET_NUM");
-        EXPECT_EQ(packets.size(), size_t(before + sent));
-        for (long n = firstLive; n < firstLive + sent; ++n)
-            EXPECT_EQ(std::count_if(packets.begin(), packets.end(),
-                                    [n](const db::Variant& v) { return v.toInt64() == n; }),
-                      1)
-                << n;
         EXPECT_EQ(ws.loop.yieldsHoldingWriteLock, 0);
+        testkit::RawDb raw(path);
+        const QString live = QString::number(firstLive);
+        EXPECT_EQ(raw.rows(), before + sent);
+        // Each live packet once (the packet number is unique), stored in the
+        // order it came: row id and packet number rise together.
+        EXPECT_EQ(raw.number("SELECT count(*) FROM OMBRI_DB_010 WHERE PACKET_NUM >= " + live),
+                  sent);
+        EXPECT_EQ(raw.number("SELECT count(*) FROM OMBRI_DB_010 a JOIN OMBRI_DB_010 b ON b.rowid "
+                             "= a.rowid + 1 WHERE a.PACKET_NUM >= " +
+                             live + " AND b.PACKET_NUM <> a.PACKET_NUM + 1"),
+                  0);
     }
 };
 
@@ -75,7 +68,7 @@ TEST_F(PacketsDuringJobs, AReindexThatFailsMidwayKeepsEveryPacketThatArrived) {
     QString path = this->path;
     int sent = 0;
     {
-        Feeder feed([this] { save(At(2000)); });
+        Feeder feed(*this);
         store::VerifyDatabase(ws, path);
         sent = feed.sent;
     }
@@ -94,11 +87,13 @@ TEST_F(PacketsDuringJobs, ALagPassThatFailsMidwayKeepsEveryPacketAndItsCommitted
     // The pass walks from the newest record back (to about the 5000th,
     // where the gas of the first record comes up); it fails half way.
     failUpdateOf("LAG_GU", 1000 + 20001);
+    int sent = 0;
     {
-        Feeder feed([this] { save(At(2000)); });
+        Feeder feed(*this);
         strokesPass("1000");
-        expectEveryPacketKept(n, feed.sent, firstLive);
+        sent = feed.sent;
     }
+    expectEveryPacketKept(n, sent, firstLive);
     EXPECT_EQ(logged("Recalculate Lag Err: "), 1) << "the pass did not reach the failure";
     EXPECT_FALSE(ws.db.Gdb_busy);
     // The batches written before the failure are kept: newer records than
@@ -107,21 +102,31 @@ TEST_F(PacketsDuringJobs, ALagPassThatFailsMidwayKeepsEveryPacketAndItsCommitted
     EXPECT_FALSE(at("LAG_GU", 20000).has_value());
 }
 
-TEST_F(PacketsDuringJobs, TheStrokeRepairPassesOverARowItCannotWriteAndStillReports) {
-    ws.depth.Gtotal_strokes = 0;
-    for (int i = 0; i < 20; ++i) save(Packet().pumps(100));
-    exec("UPDATE OMBRI_DB_010 SET TOTAL_STROKES = 5");
-    failUpdateOf("TOTAL_STROKES", 1010);
-    depth::Fix_total_strokes(ws);
-    const auto total = column("TOTAL_STROKES");
-    // 5 + 10 a record; the refused row keeps its old count, and the rows
-    // after it are rebuilt all the same.
-    for (int i = 0; i < 20; ++i) EXPECT_EQ(num(total[i]), i == 9 ? 5 : 5 + 10 * (i + 1)) << i;
-    EXPECT_EQ(logged("Total Strokes Fixed"), 1);
-    EXPECT_FALSE(ws.db.Gdb_busy);
-
-    // An empty job: nothing to go through, and still the message.
-    exec("DELETE FROM OMBRI_DB_010");
-    depth::Fix_total_strokes(ws);
-    EXPECT_EQ(logged("Total Strokes Fixed"), 2);
+TEST_F(PacketsDuringJobs, ARestoreAllThatFailsOrCommitsStoresEveryPacketAfterItOnceInOrder) {
+    const int n = 40000;
+    fill(n);
+    exec("UPDATE OMBRI_DB_010 SET DEPTH_RAW = DEPTH - 500");
+    // The restore's write of the 30,000th record fails the first time.
+    failUpdateOf("DEPTH", 1001 + 30000);
+    int before = n;
+    for (const long long restored : {0, n}) {
+        const long firstLive = packet;
+        dialogs.answers.push_back(platform::Answer::Yes);
+        Feeder feed(*this);
+        depth::cmd_restore_all_geo_Click(ws);
+        feed.timer.stop();
+        SCOPED_TRACE(restored);
+        EXPECT_GT(feed.held, 0) << "the loop never ran inside the edit";
+        EXPECT_EQ(
+            testkit::RawDb(path).number(
+                "SELECT count(*) FROM OMBRI_DB_010 WHERE DEPTH = DEPTH_RAW AND PACKET_NUM < " +
+                QString::number(1001 + n)),
+            restored);
+        expectEveryPacketKept(before, feed.sent, firstLive);
+        before += feed.sent;
+        exec("DROP TRIGGER IF EXISTS stop_job");
+    }
+    EXPECT_EQ(logged("Restore All Err: "), 1);
 }
+
+} // namespace

@@ -3,7 +3,6 @@
 #include "job_fixture.h"
 
 using depthtest::JobTest;
-using depthtest::Packet;
 
 class RopCollect : public JobTest {
   protected:
@@ -11,12 +10,10 @@ class RopCollect : public JobTest {
     // being i, the rate of record i being i / 10.
     void drill() {
         for (int i = 0; i < 100; ++i) {
-            Packet p;
-            p.depth = 1000 + i / 10 + 0.25;
-            p.gas = i;
-            p.minFt = i / 10.0;
-            p.gases = {4, 2, 1, 0.5, 0.5};
-            save(p);
+            save({.depth = 1000 + i / 10 + 0.25,
+                  .gas = double(i),
+                  .minFt = i / 10.0,
+                  .gases = {4, 2, 1, 0.5, 0.5}});
         }
     }
 };

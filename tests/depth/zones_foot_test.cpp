@@ -17,8 +17,8 @@ TEST(LagZones, ZoneOneByItsEndALaterStartedZoneWinsAndOtherEndsAreIgnored) {
 
     setup.txt_Lag_Start_Depth[3].setText("5000");
     setup.txt_Lag_Start_Depth[2].setText("7000");
-    // Zone 2 ends far above its start: end depths past zone 1 do not count.
-    setup.txt_Lag_End_Depth[2].setText("7100");
+    // Zone 3 ends far above 6000 and 8000: end depths past zone 1 do not count.
+    setup.txt_Lag_End_Depth[3].setText("5100");
     z = ReadZoneRows(setup);
     EXPECT_EQ(ZoneAt(z, 5000, ZoneOne::EndAbove), 1)
         << "a start equal to the depth is not below it";
