@@ -78,7 +78,7 @@ TEST_F(GeoEdit, RestoreAfterEditsGivesTheRawDepthBack) {
     }
 
     // All, answered No: nothing.
-    answer(Answer::No);
+    dialogs.answers.push_back(Answer::No);
     depth::cmd_restore_all_geo_Click(ws);
     EXPECT_EQ(column("DEPTH").split(' '), part);
     EXPECT_EQ(dialogs.boxes.back().title, "RESTORE DEPTH MARKS?");
@@ -92,7 +92,7 @@ TEST_F(GeoEdit, FeetAddedBetweenChangesSurviveARestore) {
     recs.push_back({105});
     write(recs);
     depth::cmd_insert_ft_Click(ws);
-    answer(Answer::Yes);
+    dialogs.answers.push_back(Answer::Yes);
     depth::cmd_restore_all_geo_Click(ws);
     const QStringList d = column("DEPTH").split(' ');
     const QStringList expected = {"100.0", "100.2", "100.5", "100.7", "101.0",

@@ -24,8 +24,7 @@ struct Rec {
     bool stop = false;
 };
 
-class GeoJob : protected testkit::Station {
-  public:
+struct GeoJob : testkit::Station {
     GeoJob() : testkit::Station("GEO.db") { ws.chart.Gchart_busy = false; }
 
     // Records with ID and PACKET_NUM 1, 2, 3 ..., six seconds apart from
@@ -91,7 +90,6 @@ class GeoJob : protected testkit::Station {
             "quote(FT_HR)||quote(CGTESTNUM)||quote(ERR_TXT)||quote(DATE_TXT)||"
             "quote(TOTAL_STROKES) AS r FROM OMBRI_DB_010 ORDER BY PACKET_NUM)");
     }
-    void answer(platform::Answer a) { dialogs.answers.push_back(a); }
 
     // A box command with an index, at the level line on record `id`.
     void click(void (*command)(Workstation&, int), int index, int id) {
@@ -107,8 +105,6 @@ class GeoJob : protected testkit::Station {
         level(from);
         depth::cmd_renum_geo_Click(ws);
     }
-    Workstation& station() { return ws; }
-    const QString& path() const { return job; }
 };
 
 } // namespace geotest

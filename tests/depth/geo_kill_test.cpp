@@ -31,8 +31,8 @@ TEST(GeoKill, AKilledCommandLeavesTheJobAsBefore) {
         {"range delete",
          [](GeoJob& j) {
              j.select(100, 15000);
-             j.answer(platform::Answer::Yes);
-             store::cmd_del_from_db_Click(j.station());
+             j.dialogs.answers.push_back(platform::Answer::Yes);
+             store::cmd_del_from_db_Click(j.ws);
          }},
     };
     for (const Case& c : cases) {
@@ -40,14 +40,14 @@ TEST(GeoKill, AKilledCommandLeavesTheJobAsBefore) {
         j.write(GeoJob::Feet(1000, 2000, 10));
         const QString before = j.dump();
         // The child opens its own connection: none may cross the fork.
-        store::CloseSharedDb(j.station());
+        store::CloseSharedDb(j.ws);
 
         const pid_t child = fork();
         ASSERT_GE(child, 0);
         if (child == 0) {
             j.open();
             int left = 5000;
-            sqlite3_update_hook(j.station().db.Gdb.handle(), &DieAtZero, &left);
+            sqlite3_update_hook(j.ws.db.Gdb.handle(), &DieAtZero, &left);
             c.command(j);
             _exit(0);
         }
@@ -56,13 +56,13 @@ TEST(GeoKill, AKilledCommandLeavesTheJobAsBefore) {
         ASSERT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL)
             << c.name << ": the command ended before the kill";
 
-        EXPECT_EQ(testkit::RawDb(j.path()).integrity(), "ok") << c.name;
+        EXPECT_EQ(testkit::RawDb(j.job).integrity(), "ok") << c.name;
         EXPECT_EQ(j.dump(), before) << c.name << ": half a command is in the file";
 
         j.open();
         c.command(j);
         EXPECT_NE(j.dump(), before) << c.name << ": the command did nothing";
-        EXPECT_EQ(testkit::RawDb(j.path()).integrity(), "ok") << c.name;
+        EXPECT_EQ(testkit::RawDb(j.job).integrity(), "ok") << c.name;
     }
 }
 

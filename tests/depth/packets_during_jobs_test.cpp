@@ -9,6 +9,7 @@
 #include "store/lifecycle.h"
 
 #include <QTimer>
+#include <functional>
 
 using depthtest::JobTest;
 
@@ -16,22 +17,6 @@ namespace {
 
 class PacketsDuringJobs : public JobTest {
   protected:
-    // Saves a packet at every turn of the event loop while it lives; counts
-    // those that came while an edit held the writer back.
-    struct Feeder {
-        QTimer timer;
-        int sent = 0, held = 0;
-        explicit Feeder(PacketsDuringJobs& t) {
-            timer.setInterval(0);
-            QObject::connect(&timer, &QTimer::timeout, [this, &t] {
-                held += t.ws.db.writesHeld ? 1 : 0;
-                t.save({.depth = 2000});
-                ++sent;
-            });
-            timer.start();
-        }
-    };
-
     // n records with wrong IDs (the bulk rows carry their packet number),
     // strokes rising 10 a record, depth 0.1 ft a record.
     void fill(int n) {
@@ -40,39 +25,49 @@ class PacketsDuringJobs : public JobTest {
             rows.push_back({.depth = 1000 + i * 0.1, .strokes = 1000 + 10.0 * i});
         bulk(rows);
     }
-    void expectEveryPacketKept(int before, int sent, long firstLive) {
+
+    // Runs the job while a packet is saved at every turn of the event loop,
+    // checks that each of them is kept, and gives how many came while an
+    // edit held the writer back.
+    int feedWhile(const std::function<void()>& job) {
+        const QString firstLive = QString::number(packet);
+        const long long before = testkit::RawDb(path).rows();
+        int sent = 0, held = 0;
+        QTimer timer;
+        timer.setInterval(0);
+        QObject::connect(&timer, &QTimer::timeout, [&] {
+            held += ws.db.writesHeld ? 1 : 0;
+            save({.depth = 2000});
+            ++sent;
+        });
+        timer.start();
+        job();
+        timer.stop();
+
         EXPECT_GT(sent, 0) << "no packet arrived while the job ran";
         EXPECT_EQ(logged("DB Write Err"), 0);
         EXPECT_EQ(ws.loop.yieldsHoldingWriteLock, 0);
         testkit::RawDb raw(path);
-        const QString live = QString::number(firstLive);
         EXPECT_EQ(raw.rows(), before + sent);
         // Each live packet once (the packet number is unique), stored in the
         // order it came: row id and packet number rise together.
-        EXPECT_EQ(raw.number("SELECT count(*) FROM OMBRI_DB_010 WHERE PACKET_NUM >= " + live),
+        EXPECT_EQ(raw.number("SELECT count(*) FROM OMBRI_DB_010 WHERE PACKET_NUM >= " + firstLive),
                   sent);
         EXPECT_EQ(raw.number("SELECT count(*) FROM OMBRI_DB_010 a JOIN OMBRI_DB_010 b ON b.rowid "
                              "= a.rowid + 1 WHERE a.PACKET_NUM >= " +
-                             live + " AND b.PACKET_NUM <> a.PACKET_NUM + 1"),
+                             firstLive + " AND b.PACKET_NUM <> a.PACKET_NUM + 1"),
                   0);
+        return held;
     }
 };
 
 TEST_F(PacketsDuringJobs, AReindexThatFailsMidwayKeepsEveryPacketThatArrived) {
-    const int n = 6000;
-    fill(n);
-    const long firstLive = packet;
+    fill(6000);
     // The re-index commits every thousand records and lets the loop run
     // between; it fails on the 4500th.
     failUpdateOf("ID", 1000 + 4500);
     QString path = this->path;
-    int sent = 0;
-    {
-        Feeder feed(*this);
-        store::VerifyDatabase(ws, path);
-        sent = feed.sent;
-    }
-    expectEveryPacketKept(n, sent, firstLive);
+    feedWhile([&] { store::VerifyDatabase(ws, path); });
     EXPECT_EQ(logged("Open DB Err: "), 1);
     // What the re-index committed before the failure stands, and nothing
     // after it (the bulk rows came with ID 1001 on).
@@ -81,19 +76,11 @@ TEST_F(PacketsDuringJobs, AReindexThatFailsMidwayKeepsEveryPacketThatArrived) {
 }
 
 TEST_F(PacketsDuringJobs, ALagPassThatFailsMidwayKeepsEveryPacketAndItsCommittedBatches) {
-    const int n = 40000;
-    fill(n);
-    const long firstLive = packet;
+    fill(40000);
     // The pass walks from the newest record back (to about the 5000th,
     // where the gas of the first record comes up); it fails half way.
     failUpdateOf("LAG_GU", 1000 + 20001);
-    int sent = 0;
-    {
-        Feeder feed(*this);
-        strokesPass("1000");
-        sent = feed.sent;
-    }
-    expectEveryPacketKept(n, sent, firstLive);
+    feedWhile([&] { strokesPass("1000"); });
     EXPECT_EQ(logged("Recalculate Lag Err: "), 1) << "the pass did not reach the failure";
     EXPECT_FALSE(ws.db.Gdb_busy);
     // The batches written before the failure are kept: newer records than
@@ -108,22 +95,16 @@ TEST_F(PacketsDuringJobs, ARestoreAllThatFailsOrCommitsStoresEveryPacketAfterItO
     exec("UPDATE OMBRI_DB_010 SET DEPTH_RAW = DEPTH - 500");
     // The restore's write of the 30,000th record fails the first time.
     failUpdateOf("DEPTH", 1001 + 30000);
-    int before = n;
     for (const long long restored : {0, n}) {
-        const long firstLive = packet;
-        dialogs.answers.push_back(platform::Answer::Yes);
-        Feeder feed(*this);
-        depth::cmd_restore_all_geo_Click(ws);
-        feed.timer.stop();
         SCOPED_TRACE(restored);
-        EXPECT_GT(feed.held, 0) << "the loop never ran inside the edit";
+        dialogs.answers.push_back(platform::Answer::Yes);
+        EXPECT_GT(feedWhile([&] { depth::cmd_restore_all_geo_Click(ws); }), 0)
+            << "the loop never ran inside the edit";
         EXPECT_EQ(
             testkit::RawDb(path).number(
                 "SELECT count(*) FROM OMBRI_DB_010 WHERE DEPTH = DEPTH_RAW AND PACKET_NUM < " +
                 QString::number(1001 + n)),
             restored);
-        expectEveryPacketKept(before, feed.sent, firstLive);
-        before += feed.sent;
         exec("DROP TRIGGER IF EXISTS stop_job");
     }
     EXPECT_EQ(logged("Restore All Err: "), 1);
