@@ -1,7 +1,7 @@
 #pragma once
-// The test station with a job file of its own,
-// filled packet by packet through the record writer as the live program
-// does, or in bulk through the store for the long jobs.
+// The test station with a job file of its own, filled packet by packet
+// through the record writer as the live program does, or in bulk by SQL
+// for the long jobs.
 
 #include "db/recordset.h"
 #include "db/schema.h"
@@ -21,13 +21,6 @@ struct Packet {
     double depth = 1000, gas = 10, minFt = 1, spm = 100;
     bool badGas = false;
     std::array<double, 5> gases{}; // C1 .. NC4
-};
-
-// A record written straight through the store, pumps at 100; no count
-// leaves TOTAL_STROKES Null.
-struct Row {
-    double depth = 1000, minFt = 1;
-    std::optional<double> strokes{};
 };
 
 class JobTest : public ::testing::Test, protected testkit::Station {
@@ -72,24 +65,19 @@ class JobTest : public ::testing::Test, protected testkit::Station {
         store::SaveKWData(ws);
         clock = clock.addSecs(6);
     }
-    void bulk(const std::vector<Row>& rows) {
-        db::Database d = db();
-        db::Recordset rs = d.OpenRecordset(db::RecordQuery(db::kRecordTable));
-        d.BeginTrans();
-        for (const Row& r : rows) {
-            rs.AddNew();
-            rs.SetField("ID", static_cast<long long>(packet));
-            rs.SetField("PACKET_NUM", static_cast<long long>(packet++));
-            rs.SetField("DT", clock);
-            rs.SetField("DEPTH", r.depth);
-            rs.SetField("MIN_FT", r.minFt);
-            rs.SetField("ERR_TXT", "0");
-            rs.SetField("TOTAL_SPM", 100.0);
-            if (r.strokes) rs.SetField("TOTAL_STROKES", *r.strokes);
-            rs.Update();
-            clock = clock.addSecs(6);
-        }
-        d.CommitTrans();
+    // n records straight into the table, six seconds apart, pumps at 100;
+    // DEPTH, MIN_FT and TOTAL_STROKES are SQL of the record's index i.
+    void bulk(int n, const QString& depth, const QString& minFt, const QString& strokes = "NULL") {
+        exec(QString("WITH RECURSIVE s(i) AS (SELECT 0 UNION ALL SELECT i + 1 FROM s WHERE i < %1) "
+                     "INSERT INTO OMBRI_DB_010 (ID, PACKET_NUM, DT, DEPTH, MIN_FT, ERR_TXT, "
+                     "TOTAL_SPM, TOTAL_STROKES) SELECT %2 + i, %2 + i, datetime('%3', '+' || "
+                     "(6 * i) || ' seconds'), %4, %5, '0', 100, %6 FROM s")
+                 .arg(n - 1)
+                 .arg(packet)
+                 .arg(clock.toString("yyyy-MM-dd HH:mm:ss"))
+                 .arg(depth, minFt, strokes));
+        packet += n;
+        clock = clock.addSecs(6 * n);
     }
 
     db::Database db() const { return db::OpenDatabase(path); }

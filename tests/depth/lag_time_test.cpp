@@ -6,9 +6,7 @@ using depthtest::JobTest;
 TEST_F(JobTest, TheLagInRecordsDropsTheFractionOfAMinuteAndAddsTheLineLagWithWitsDown) {
     // 1700 records at 9050 ft whose MIN_FT is their own number; 1.8 minutes
     // per 100 ft: 162.9 minutes, the fraction dropped: 1620 records.
-    std::vector<depthtest::Row> rows;
-    for (int i = 0; i < 1700; ++i) rows.push_back({.depth = 9050, .minFt = double(i)});
-    bulk(rows);
+    bulk(1700, "9050", "i");
     byTime();
     ws.wits.Gwits_alive = 30;
     wholePass();

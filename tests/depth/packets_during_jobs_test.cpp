@@ -19,12 +19,7 @@ class PacketsDuringJobs : public JobTest {
   protected:
     // n records with wrong IDs (the bulk rows carry their packet number),
     // strokes rising 10 a record, depth 0.1 ft a record.
-    void fill(int n) {
-        std::vector<depthtest::Row> rows;
-        for (int i = 0; i < n; ++i)
-            rows.push_back({.depth = 1000 + i * 0.1, .strokes = 1000 + 10.0 * i});
-        bulk(rows);
-    }
+    void fill(int n) { bulk(n, "1000 + i * 0.1", "1", "1000 + 10 * i"); }
 
     // Runs the job while a packet is saved at every turn of the event loop,
     // checks that each of them is kept, and gives how many came while an
