@@ -99,4 +99,11 @@ TEST_F(HandJob, TimePassByHand) {
         }
     });
     EXPECT_NEAR(ws.depth.Glag_depth_now, 160 + 199 / 20.0, 1e-9);
+
+    // WITS down: the line lag's 120 s, 20 records, is added. A record too
+    // close to the start for it keeps what the pass before gave it.
+    ws.wits.Gwits_alive = 0;
+    wholePass();
+    EXPECT_NEAR(at("DATA1", 299).value_or(0), MinFtOf(179), 1e-9);
+    EXPECT_NEAR(at("DATA1", 110).value_or(0), MinFtOf(10), 1e-9);
 }

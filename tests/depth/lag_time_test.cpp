@@ -1,26 +1,8 @@
-// The time pass's lag in records, and the rate pass of a whole-file run.
+// The rate of penetration rewritten by a whole-file lag run and after a
+// renumbering.
 #include "job_fixture.h"
 
 using depthtest::JobTest;
-
-TEST_F(JobTest, TheLagInRecordsDropsTheFractionOfAMinuteAndAddsTheLineLagWithWitsDown) {
-    // 1700 records at 9050 ft whose MIN_FT is their own number; 1.8 minutes
-    // per 100 ft: 162.9 minutes, the fraction dropped: 1620 records.
-    bulk(1700, "9050", "i");
-    byTime();
-    ws.wits.Gwits_alive = 30;
-    wholePass();
-    EXPECT_EQ(at("DATA1", 1699), 1699 - 1620);
-
-    // WITS down: the line lag's 120 s, 20 records, is added.
-    ws.wits.Gwits_alive = 0;
-    wholePass();
-    EXPECT_EQ(at("DATA1", 1699), 1699 - 1640);
-    // A record too close to the start for this lag keeps what the run
-    // before gave it: a pass never clears.
-    EXPECT_EQ(at("DATA1", 1640), 1640 - 1620);
-    EXPECT_EQ(at("DATA1", 1641), 1);
-}
 
 TEST_F(JobTest, WithTheBoxTickedAWholeFileRunRewritesTheRateFromTheTimeEachFootTook) {
     // Six seconds a record; the depth moves on every 10 records, 60 s a foot;
