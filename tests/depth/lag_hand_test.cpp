@@ -1,7 +1,6 @@
 // Two small jobs lagged whole and checked record by record against figures
-// worked out by hand below. DATA1 carries the source record's MIN_FT, and
-// every record's MIN_FT is made from its own number, so DATA1 names the
-// source exactly.
+// worked out by hand. DATA1 carries the source's MIN_FT, made from the
+// source's own number: DATA1 names the source exactly.
 #include "job_fixture.h"
 
 #include <functional>

@@ -5,7 +5,6 @@
 #include "job_fixture.h"
 
 #include "depth/geo_edit.h"
-#include "raw_db.h"
 #include "store/lifecycle.h"
 
 #include <QTimer>

@@ -18,7 +18,7 @@ class RopCollect : public JobTest {
     }
 };
 
-TEST_F(RopCollect, TheWholeTableFillsOneSlotPerClosedFoot) {
+TEST_F(RopCollect, TheWholeTableFillsOneSlotPerClosedFootByDrilledOrLagDepth) {
     drill();
     ws.db.Gdb_busy = true;
     depth::Collect_ROP_Data(ws);
@@ -40,6 +40,17 @@ TEST_F(RopCollect, TheWholeTableFillsOneSlotPerClosedFoot) {
     EXPECT_DOUBLE_EQ(a.RopOilInd[1000], 2 / 4.0);
     EXPECT_EQ(depth::RopTimeToDate(a.RopTime[1000]), QDateTime(QDate(2026, 11, 1), QTime(6, 1, 0)));
     EXPECT_TRUE(ws.fm_help.txt_help.text().contains("Gathering ROP data..."));
+
+    // Lagged: each record lagged 20 records back, by hand.
+    exec("UPDATE OMBRI_DB_010 SET LAG_GU = (SELECT b.DEPTH FROM OMBRI_DB_010 b "
+         "WHERE b.PACKET_NUM = OMBRI_DB_010.PACKET_NUM - 20), DATA1 = 7 WHERE PACKET_NUM > 1020");
+    exec("UPDATE OMBRI_DB_010 SET ERR_TXT = '0 *' WHERE PACKET_NUM = 1040");
+    int32_t first = 0, last = 0, result = 0;
+    depth::Collect_ROP_Data(ws, first, last, true, result);
+    // Record 38 is the best good gas lagged to 1001: 39 is bad.
+    EXPECT_EQ(a.RopLagGas[1001], 38);
+    EXPECT_EQ(a.RopMinFt[1001], 7) << "DATA1, the rate at the lag depth";
+    EXPECT_TRUE(ws.fm_help.txt_help.text().contains("Gathering LAGGED ROP data..."));
 
     exec("UPDATE OMBRI_DB_010 SET GAS_UNITS = 'lots' WHERE PACKET_NUM = 1050");
     depth::Collect_ROP_Data(ws);
@@ -77,19 +88,4 @@ TEST_F(RopCollect, AStretchIsReadFromItsLowerEndUpToTheOtherAndSaysWhereToGoOn) 
     // nothing at all.
     EXPECT_EQ(read(500, 600), 0);
     EXPECT_EQ(read(-1, 10), -7);
-}
-
-TEST_F(RopCollect, LaggedArraysTakeTheLagDepthItsRateAndTheBadGasMark) {
-    drill();
-    // Each record lagged 20 records back, by hand.
-    exec("UPDATE OMBRI_DB_010 SET LAG_GU = (SELECT b.DEPTH FROM OMBRI_DB_010 b "
-         "WHERE b.PACKET_NUM = OMBRI_DB_010.PACKET_NUM - 20), DATA1 = 7 WHERE PACKET_NUM > 1020");
-    exec("UPDATE OMBRI_DB_010 SET ERR_TXT = '0 *' WHERE PACKET_NUM = 1040");
-    int32_t first = 0, last = 0, result = 0;
-    depth::Collect_ROP_Data(ws, first, last, true, result);
-    const auto& a = ws.depth;
-    // Record 38 is the best good gas lagged to 1001: 39 is bad.
-    EXPECT_EQ(a.RopLagGas[1001], 38);
-    EXPECT_EQ(a.RopMinFt[1001], 7) << "DATA1, the rate at the lag depth";
-    EXPECT_TRUE(ws.fm_help.txt_help.text().contains("Gathering LAGGED ROP data..."));
 }
