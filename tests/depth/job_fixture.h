@@ -26,7 +26,6 @@ struct Packet {
 
 class JobTest : public ::testing::Test, protected testkit::Station {
   protected:
-    const QString path = job;
     QDateTime clock{QDate(2026, 11, 1), QTime(6, 0, 0)};
     long packet = 1001;
 
@@ -81,7 +80,7 @@ class JobTest : public ::testing::Test, protected testkit::Station {
         clock = clock.addSecs(6 * n);
     }
 
-    db::Database db() const { return db::OpenDatabase(path); }
+    db::Database db() const { return db::OpenDatabase(job); }
     void exec(const QString& sql) const { db().Execute(sql); }
     // A column of every record, in packet order.
     std::vector<db::Variant> column(const char* name) const {
@@ -98,7 +97,7 @@ class JobTest : public ::testing::Test, protected testkit::Station {
     std::optional<double> at(const char* name, int i) const { return num(column(name)[i]); }
     // How many records have a lag depth.
     long long lagged() const {
-        return testkit::RawDb(path).number("SELECT count(LAG_GU) FROM OMBRI_DB_010");
+        return testkit::RawDb(job).number("SELECT count(LAG_GU) FROM OMBRI_DB_010");
     }
     // The job's write of one column of one record fails from now on.
     void failUpdateOf(const char* column, long packetNum) {

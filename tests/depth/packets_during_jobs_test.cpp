@@ -23,9 +23,9 @@ class PacketsDuringJobs : public JobTest {
     // Runs the job while a packet is saved at every turn of the event loop,
     // checks that each of them is kept, and gives how many came while an
     // edit held the writer back.
-    int feedWhile(const std::function<void()>& job) {
+    int feedWhile(const std::function<void()>& run) {
         const QString firstLive = QString::number(packet);
-        const long long before = testkit::RawDb(path).rows();
+        const long long before = testkit::RawDb(job).rows();
         int sent = 0, held = 0;
         QTimer timer;
         timer.setInterval(0);
@@ -35,13 +35,13 @@ class PacketsDuringJobs : public JobTest {
             ++sent;
         });
         timer.start();
-        job();
+        run();
         timer.stop();
 
         EXPECT_GT(sent, 0) << "no packet arrived while the job ran";
         EXPECT_EQ(logged("DB Write Err"), 0);
         EXPECT_EQ(ws.loop.yieldsHoldingWriteLock, 0);
-        testkit::RawDb raw(path);
+        testkit::RawDb raw(job);
         EXPECT_EQ(raw.rows(), before + sent);
         // Each live packet once (the packet number is unique), stored in the
         // order it came: row id and packet number rise together.
@@ -60,7 +60,7 @@ TEST_F(PacketsDuringJobs, AReindexThatFailsMidwayKeepsEveryPacketThatArrived) {
     // The re-index commits every thousand records and lets the loop run
     // between; it fails on the 4500th.
     failUpdateOf("ID", 1000 + 4500);
-    QString path = this->path;
+    QString path = job;
     feedWhile([&] { store::VerifyDatabase(ws, path); });
     EXPECT_EQ(logged("Open DB Err: "), 1);
     // What the re-index committed before the failure stands, and nothing
@@ -95,7 +95,7 @@ TEST_F(PacketsDuringJobs, ARestoreAllThatFailsOrCommitsStoresEveryPacketAfterItO
         EXPECT_GT(feedWhile([&] { depth::cmd_restore_all_geo_Click(ws); }), 0)
             << "the loop never ran inside the edit";
         EXPECT_EQ(
-            testkit::RawDb(path).number(
+            testkit::RawDb(job).number(
                 "SELECT count(*) FROM OMBRI_DB_010 WHERE DEPTH = DEPTH_RAW AND PACKET_NUM < " +
                 QString::number(1001 + n)),
             restored);

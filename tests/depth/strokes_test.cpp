@@ -61,7 +61,7 @@ TEST_F(JobTest, TheLastCountIsReadFiveRecordsFromTheEnd) {
     EXPECT_EQ(logged("Last Total Strokes: 40"), 1);
     // Opening the job carries it into the running total too.
     ws.depth.Gtotal_strokes = 0;
-    dialogs.files.push_back(path);
+    dialogs.files.push_back(job);
     acq::cmd_open_db_Click(ws);
     EXPECT_EQ(ws.depth.Gtotal_strokes, 40);
 }
