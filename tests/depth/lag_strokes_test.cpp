@@ -21,18 +21,6 @@ TEST_F(JobTest, PassesThatLagNothing) {
     EXPECT_EQ(ws.depth.Glag_depth_now, 0);
 }
 
-TEST_F(JobTest, StrokeCounterJumpsAreReportedOncePerPlaceAndOnlyOnceLagging) {
-    // Records 0-59 count from 0, 60-119 from 20000. The first work record
-    // (20600) is far from the "last" count of 0, but nothing is lagged yet;
-    // work record 59 (600, after 20010) is the one place.
-    for (int i = 0; i < 60; ++i) save({.depth = 100});
-    ws.depth.Gtotal_strokes = 20000;
-    for (int i = 0; i < 60; ++i) save({.depth = 100});
-    strokesPass();
-    EXPECT_EQ(logged("Sudden Strokes counter change\r\nRecalculate lag for whole DB to fix"), 1);
-    EXPECT_EQ(at("LAG_GU", 59), 100) << "the pass went on past the jump";
-}
-
 TEST_F(JobTest, TheSearchStopsAtACounterJumpFromWhereItStarted) {
     // 0-59 count from 40000, 60-79 pumps off, 80-139 count from 0 again.
     // Target: count - 125. MIN_FT is the record's number: DATA1 names each
@@ -58,17 +46,24 @@ TEST_F(JobTest, TheSearchStopsAtACounterJumpFromWhereItStarted) {
     EXPECT_TRUE(data1[91].isNull());
 }
 
-TEST_F(JobTest, ANewFootTickEntersWithItsSignAndReportsTwice) {
-    // 200 records at 1000 ft from 5000 strokes; record 180 is a tick. Its
-    // target lies above its own count (5000 + 1810 + 1100), and the search
-    // restarts at the work record before it (181), which it takes.
-    ws.depth.Gtotal_strokes = 5000;
-    for (int i = 0; i < 200; ++i) save({.depth = i == 180 ? -1000.0 : 1000.0});
+TEST_F(JobTest, JumpsOfCounterAndDepthAreReportedOncePerPlaceAndOnlyOnceLagging) {
+    // Records 0-59 count from 0, 60-199 from 20000, all at 100 ft but record
+    // 180, a tick. The first work record (21400) is far from the "last"
+    // count of 0, but nothing is lagged yet; work record 59 (600, after
+    // 20010) is the one place of the counter. The tick's target lies above
+    // its own count, and the search restarts at the work record before it
+    // (181), which it takes.
+    for (int i = 0; i < 60; ++i) save({.depth = 100, .minFt = double(i)});
+    ws.depth.Gtotal_strokes = 20000;
+    for (int i = 60; i < 200; ++i) save({.depth = i == 180 ? -100.0 : 100.0, .minFt = double(i)});
     strokesPass();
-    EXPECT_EQ(logged("Sudden depth change at -1000"), 1);
-    EXPECT_EQ(logged("Sudden depth change at 1000"), 1);
-    EXPECT_EQ(at("LAG_GU", 180), 1000);
-    EXPECT_EQ(at("LAG_GU", 179), 1000) << "beyond the tick the pass goes on";
+    EXPECT_EQ(logged("Sudden Strokes counter change\r\nRecalculate lag for whole DB to fix"), 1);
+    EXPECT_EQ(logged("Sudden depth change at -100"), 1);
+    EXPECT_EQ(logged("Sudden depth change at 100"), 1);
+    EXPECT_EQ(at("DATA1", 180), 181) << "DATA1 names the source: MIN_FT is the record's number";
+    // Beyond both the pass goes on.
+    EXPECT_EQ(at("LAG_GU", 179), 100);
+    EXPECT_EQ(at("LAG_GU", 59), 100);
 }
 
 TEST_F(JobTest, ADepthRangePassStartsAtOrBelowItsTopAndEndsPastItsFootAndClearingZeroesAll) {
@@ -103,9 +98,9 @@ TEST_F(JobTest, ADepthRangePassStartsAtOrBelowItsTopAndEndsPastItsFootAndClearin
     EXPECT_FALSE(ws.db.Gdb_busy);
 }
 
-TEST_F(JobTest, TheRoutinePassLagsTheNewest400QuietlyAndTheTimerStandsBack) {
-    for (int i = 0; i < 600; ++i) save({.depth = 2000 + i * 0.05});
-    ws.fm_setup.txt_str_per_100ft[1].setText("1");
+TEST_F(JobTest, TheRoutinePassLagsTheNewest400AndAFailedPassKeepsWhatItWrote) {
+    for (int i = 0; i < 600; ++i) save({.depth = 800});
+    ws.fm_setup.txt_str_per_100ft[1].setText("0");
     byStrokes();
     // The file busy: no pass.
     ws.db.Gdb_busy = true;
@@ -115,17 +110,14 @@ TEST_F(JobTest, TheRoutinePassLagsTheNewest400QuietlyAndTheTimerStandsBack) {
     depth::tmr_recalc_lag_Timer(ws);
     EXPECT_EQ(lagged(), 400);
     EXPECT_TRUE(at("LAG_GU", 200));
-}
 
-TEST_F(JobTest, ANullDepthEndsThePassThroughItsHandlerKeepingWhatItWrote) {
-    for (int i = 0; i < 120; ++i) save({.depth = 800});
-    exec("UPDATE OMBRI_DB_010 SET DEPTH = NULL WHERE PACKET_NUM = 1080");
-    strokesPass("0");
+    // A Null depth ends a whole pass through its handler; records 101 to
+    // 199, lagged before the failure, stay lagged.
+    exec("UPDATE OMBRI_DB_010 SET DEPTH = NULL WHERE PACKET_NUM = 1101");
+    wholePass();
     EXPECT_EQ(logged("Recalculate Lag Err: Invalid use of Null  Errpt: 13"), 1);
     EXPECT_TRUE(ws.db.Gdb_error);
     EXPECT_FALSE(ws.db.Gdb_busy);
     EXPECT_FALSE(ws.fm_help.form.visible());
-    // Records 80 to 119 were lagged before the failure and stay lagged.
-    EXPECT_EQ(lagged(), 40);
-    EXPECT_EQ(at("LAG_GU", 80), 800);
+    EXPECT_EQ(lagged(), 499);
 }
