@@ -21,49 +21,30 @@ TEST_F(JobTest, PassesThatLagNothing) {
     EXPECT_EQ(ws.depth.Glag_depth_now, 0);
 }
 
-TEST_F(JobTest, TheSearchStopsAtACounterJumpFromWhereItStarted) {
-    // 0-59 count from 40000, 60-79 pumps off, 80-139 count from 0 again.
-    // Target: count - 125. MIN_FT is the record's number: DATA1 names each
-    // source.
-    ws.depth.Gtotal_strokes = 40000;
-    int n = 0;
-    for (; n < 60; ++n) save({.depth = 100, .minFt = double(n)});
-    ws.depth.Gtotal_strokes = 0;
-    for (; n < 80; ++n) save({.depth = 100, .minFt = double(n), .spm = 0});
-    for (; n < 140; ++n) save({.depth = 100, .minFt = double(n)});
-    strokesPass("125");
-    const auto data1 = column("DATA1");
-    // Record 80 + k counts 10 (k + 1). Work record 139: 600 - 125 = 475,
-    // source 126; each record before takes the one before: w - 13.
-    EXPECT_EQ(num(data1[139]), 126);
-    // Record 93 (140 strokes, target 15) takes 80 (10). The search for 92
-    // (target 5) starts at 79, whose count is 0: it steps over the pumps-off
-    // records and stops at 59, 40600 strokes from where it started, the
-    // first record beyond the jump. 91 (target -5) searches from 58 on the
-    // far side, finds nothing, and the pass ends.
-    EXPECT_EQ(num(data1[93]), 80);
-    EXPECT_EQ(num(data1[92]), 59);
-    EXPECT_TRUE(data1[91].isNull());
-}
-
-TEST_F(JobTest, JumpsOfCounterAndDepthAreReportedOncePerPlaceAndOnlyOnceLagging) {
-    // Records 0-59 count from 0, 60-199 from 20000, all at 100 ft but record
-    // 180, a tick. The first work record (21400) is far from the "last"
-    // count of 0, but nothing is lagged yet; work record 59 (600, after
-    // 20010) is the one place of the counter. The tick's target lies above
-    // its own count, and the search restarts at the work record before it
-    // (181), which it takes.
+TEST_F(JobTest, JumpsOfCounterAndDepthAreReportedOncePerPlaceAndStopTheSearch) {
+    // Records 0-59 count from 0, 60-69 have the pumps off (no count), 70-209
+    // count from 40000; all at 100 ft but record 190, a tick. MIN_FT is the
+    // record's number: DATA1 names each source.
     for (int i = 0; i < 60; ++i) save({.depth = 100, .minFt = double(i)});
-    ws.depth.Gtotal_strokes = 20000;
-    for (int i = 60; i < 200; ++i) save({.depth = i == 180 ? -100.0 : 100.0, .minFt = double(i)});
+    ws.depth.Gtotal_strokes = 0;
+    for (int i = 60; i < 70; ++i) save({.depth = 100, .minFt = double(i), .spm = 0});
+    ws.depth.Gtotal_strokes = 40000;
+    for (int i = 70; i < 210; ++i) save({.depth = i == 190 ? -100.0 : 100.0, .minFt = double(i)});
     strokesPass();
+    // The first work record (41400) is far from the "last" count of 0, but
+    // nothing is lagged yet: work record 59 (600, after 40010) is the one
+    // place of the counter.
     EXPECT_EQ(logged("Sudden Strokes counter change\r\nRecalculate lag for whole DB to fix"), 1);
     EXPECT_EQ(logged("Sudden depth change at -100"), 1);
     EXPECT_EQ(logged("Sudden depth change at 100"), 1);
-    EXPECT_EQ(at("DATA1", 180), 181) << "DATA1 names the source: MIN_FT is the record's number";
-    // Beyond both the pass goes on.
-    EXPECT_EQ(at("LAG_GU", 179), 100);
-    EXPECT_EQ(at("LAG_GU", 59), 100);
+    // The tick's target lies above its own count: the search restarts at the
+    // work record before it (191), which it takes.
+    EXPECT_EQ(at("DATA1", 190), 191);
+    EXPECT_EQ(at("LAG_GU", 189), 100);
+    // The search for 59 (target 490) starts at 70, steps over the records
+    // with no count, and stops at 59, 39410 strokes from where it started.
+    EXPECT_EQ(at("DATA1", 59), 59);
+    EXPECT_EQ(at("LAG_GU", 58), 100) << "the pass goes on past the jump";
 }
 
 TEST_F(JobTest, ADepthRangePassStartsAtOrBelowItsTopAndEndsPastItsFootAndClearingZeroesAll) {
