@@ -1,5 +1,4 @@
-// Live packets go on arriving while the long jobs run (they let the event
-// loop run between batches, or inside the one transaction of an edit):
+// Live packets go on arriving while the long jobs let the event loop run:
 // whatever becomes of the job, every packet that arrived is in the file
 // once, after the job's own writes, in the order it came.
 #include "job_fixture.h"
