@@ -26,6 +26,9 @@ TEST(LagZones, ZoneOneByItsEndALaterStartedZoneWinsAndOtherEndsAreIgnored) {
     // Both 2 and 3 have started; the later zone in the list wins, not the
     // deeper start.
     EXPECT_EQ(ZoneAt(z, 8000, ZoneOne::EndAbove), 3);
+    // The sixth zone counts as well.
+    setup.txt_Lag_Start_Depth[6].setText("9000");
+    EXPECT_EQ(ZoneAt(ReadZoneRows(setup), 9500, ZoneOne::EndAbove), 6);
 
     // The bottoms-up rule tests zone 1 on its start instead.
     EXPECT_EQ(ZoneAt(ReadZoneRows(forms::FmSetup()), 40000, ZoneOne::StartBelow), 1);
