@@ -91,6 +91,8 @@ TEST_F(JobTest, TheRoutinePassLagsTheNewest400AndAFailedPassKeepsWhatItWrote) {
     depth::tmr_recalc_lag_Timer(ws);
     EXPECT_EQ(lagged(), 400);
     EXPECT_TRUE(at("LAG_GU", 200));
+    EXPECT_FALSE(ws.fm_help.txt_help.text().contains("Please wait"))
+        << "the routine pass is unseen";
 
     // A Null depth ends a whole pass through its handler; records 101 to
     // 199, lagged before the failure, stay lagged.
