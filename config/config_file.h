@@ -26,15 +26,6 @@ void WriteConfigFile(Workstation& ws);
 // The text the writer puts in the file, lines ending in CR LF.
 QByteArray ConfigText(Workstation& ws);
 
-// True when the file opens and its length can be read. A name whose second
-// character is ":" or that starts with "/" is taken whole; any other is in
-// the program folder.
-bool FileExists(const Workstation& ws, const QString& name);
-// The file name check: it tests no character and always answers False, so
-// callers must not count on it to reject anything.
-bool FileNameCheck(const QString& name);
-// Appends one line to ERR_LOG.TXT in the program folder.
-void AppendErrLog(const Workstation& ws, const QString& text);
 // Writes the file every minute.
 void tmr_save_ini_Timer(Workstation& ws);
 

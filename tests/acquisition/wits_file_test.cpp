@@ -1,5 +1,6 @@
 // WITSconfig_V10.txt: the shipped file and the rules of the file form.
 #include "acq_fixture.h"
+#include "file_bytes.h"
 
 #include "wits/wits_file.h"
 #include "wits/wits_roles.h"
@@ -14,9 +15,7 @@ namespace {
 class WitsFile : public AcqTest {
   protected:
     void write(const QByteArray& contents) {
-        QFile f(folder.file("WITSconfig_V10.txt"));
-        ASSERT_TRUE(f.open(QIODevice::WriteOnly | QIODevice::Truncate));
-        f.write(contents);
+        ASSERT_TRUE(testkit::WriteFile(folder.file("WITSconfig_V10.txt"), contents));
     }
     QString name(int code) const { return wits::WitsItemName(ws, code); }
 };

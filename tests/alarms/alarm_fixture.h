@@ -1,6 +1,5 @@
 #pragma once
-// A workstation for the alarm monitor's tests: a clock the test moves, every
-// switch off, and a pass of the monitor on demand.
+// The alarm monitor's workstation: a clock the test moves, every switch off.
 
 #include "alarms/alarm_monitor.h"
 #include "test_station.h"

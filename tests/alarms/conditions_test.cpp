@@ -1,6 +1,4 @@
-// Each condition of the monitor either side of its threshold, the order in
-// which their messages overwrite each other, the switches' own handlers and
-// the drill off count.
+// The monitor's conditions either side of their thresholds, and their switches.
 #include "alarm_fixture.h"
 
 #include <algorithm>
@@ -54,6 +52,10 @@ TEST_F(Conditions, EachConditionJustShortOfItsThresholdAndAtIt) {
          2499.9, 2500, "Lag Depth Alarm"},
         // Strictly above, whole gas units.
         {&FmSetup::ck_high_gu, packet(acq::GASUNITS), 1500.9, 1501, "High Gas Units Alarm"},
+        // Strictly after the alarm time.
+        {&FmSetup::ck_timedate,
+         [&](double v) { now = QDateTime(QDate(2024, 3, 5), QTime(18, 0, 0)).addSecs(qint64(v)); },
+         0, 1, "Time Alarm"},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.message);
@@ -74,19 +76,11 @@ TEST_F(Conditions, EachConditionJustShortOfItsThresholdAndAtIt) {
     }
 }
 
-TEST_F(Conditions, TheTimeAlarmIsStrictlyAfterAndABadTimeIsLoggedOnce) {
-    ws.fm_setup.ck_timedate.setChecked(true);
-    now = QDateTime(QDate(2024, 3, 5), QTime(18, 0, 0));
-    EXPECT_FALSE(pass());
-    now = QDateTime(QDate(2024, 3, 5), QTime(18, 0, 1));
-    EXPECT_TRUE(pass());
-    EXPECT_EQ(box().text(), "Time Alarm");
-    EXPECT_EQ(ws.fm_setup.lbl_al_timedate.caption(), "Next Alarm at: 03/05/2024 18:00:00");
-
-    // A typing error is logged once and the old time stays in force.
+TEST_F(Conditions, ABadAlarmTimeIsLoggedOnceAndTheOldOneStays) {
+    alarms::Set_Alarm_Time(ws);
     ws.fm_setup.txt_al_date.setText("31 Foo 2024");
     for (int i = 0; i < 3; ++i) alarms::Set_Alarm_Time(ws);
-    EXPECT_EQ(ws.alarms.alarm_time, QDateTime(QDate(2024, 3, 5), QTime(18, 0, 0)));
+    EXPECT_EQ(ws.fm_setup.lbl_al_timedate.caption(), "Next Alarm at: 03/05/2024 18:00:00");
     EXPECT_EQ(folder.read("ERR_LOG.TXT").count("Set Alarm Time Err: "), 1);
 }
 
@@ -148,10 +142,9 @@ TEST_F(Conditions, DrillOffCountsTheNewestFeetAtTheRateOrFaster) {
     EXPECT_EQ(box().text(), "Drill Off / Drilling Break");
     // A slow foot is now the newest: i = 0.
     EXPECT_FALSE(foot(4003, "2.6"));
-    // The same foot again adds nothing.
+    // The same foot again adds nothing, so one fast foot after it is not two.
     EXPECT_FALSE(foot(4003, "1.0"));
-    EXPECT_DOUBLE_EQ(ws.alarms.drill_off_rates[0], 2.6);
-    EXPECT_DOUBLE_EQ(ws.alarms.drill_off_rates[2], 2.0);
+    EXPECT_FALSE(foot(4004, "1.0"));
 
     // Out of range counts are corrected in the box; with N = 1 every pass
     // fires.
@@ -173,24 +166,14 @@ TEST_F(Conditions, FootChangeAndLongFootShareTheirReference) {
     field(acq::DEPTH) = "4000.6";
     ws.fm_setup.ch_next_ft.setChecked(true);
     alarms::ch_next_ft_Click(ws);
-    EXPECT_DOUBLE_EQ(ws.alarms.alarm_foot, 4001);
-
-    // Long foot ticked too: its step moves the reference to the foot in
-    // progress, so the foot change test holds in every pass.
-    field(acq::DEPTH) = "4005";
+    EXPECT_FALSE(pass()) << "armed for the next foot";
+    // Ticking long foot restarts its count and moves the reference to the
+    // foot in progress, which the foot change test then holds for reached.
+    ws.alarms.alarm_foot_seconds = 5000;
     ws.fm_setup.ck_long_ft.setChecked(true);
     alarms::ck_long_ft_Click(ws);
-    EXPECT_DOUBLE_EQ(ws.alarms.alarm_foot, 4005);
-    EXPECT_EQ(ws.alarms.alarm_foot_seconds, 0);
-    field(acq::DEPTH) = "4006";
     EXPECT_TRUE(pass());
-    EXPECT_DOUBLE_EQ(ws.alarms.alarm_foot, 4006);
     EXPECT_EQ(box().text(), "Foot Change Alarm");
-
-    // Unticking the foot change clears the reference.
-    ws.fm_setup.ch_next_ft.setChecked(false);
-    alarms::ch_next_ft_Click(ws);
-    EXPECT_DOUBLE_EQ(ws.alarms.alarm_foot, 0);
 }
 
 } // namespace

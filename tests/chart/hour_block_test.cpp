@@ -1,5 +1,4 @@
-// The hour block reader over real job files: where blocks begin and end, the
-// 1400-row cut, and the clean-up of values on their way to the renderer.
+// The hour block reader over real job files.
 #include "chart_fixture.h"
 
 #include <cmath>
@@ -16,8 +15,7 @@ TEST_F(HourBlockTest, EmptyTableSaysSoAndLeavesNoRows) {
     EXPECT_TRUE(messages().contains("The data base is empty"));
 }
 
-// How many records the newest clock hour needs before it is a block of its
-// own: short ones are passed over and the hour before shows instead.
+// A shorter newest hour is passed over and the hour before shows instead.
 TEST_F(HourBlockTest, NewestHourShowsOnlyOnceItHasFiftyRecords) {
     struct Case {
         int newest;       // records in the newest hour (07:00 on)
@@ -146,8 +144,7 @@ TEST_F(HourBlockTest, ComponentsAndOilIndicators) {
     }
 }
 
-// Columns of curves that are switched off are not read: their rows keep
-// what was there, and the scales they would raise stay.
+// Curves switched off are not read, and their scales stay where they were.
 TEST_F(HourBlockTest, OnlyTickedCurvesAreRead) {
     run(3, [](Rec& r, int) { r.set("H2S", 45.0).set("KW7001", 7.0); });
     open();

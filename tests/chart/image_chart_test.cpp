@@ -1,5 +1,6 @@
 // A small real job drawn on the image canvas: the pixels stand where the
-// chart puts its curves and grid.
+// chart puts its curves and grid, and the print gets the picture shown.
+#include "chart/interaction.h"
 #include "chart_fixture.h"
 #include "workstation/image_canvas.h"
 
@@ -49,6 +50,24 @@ TEST_F(ImageChartTest, CurveAndGridStandWhereTheValuesPutThem) {
     EXPECT_TRUE(isBlack(at(c.PlotLeft + 40, y))) << "the background is black";
     EXPECT_TRUE(near(tenth(7), y, [](const QColor& p) { return p.lightness() > 140; }));
     EXPECT_TRUE(near(middle, y, isRed));
+}
+
+// The print box's own page is print_picture_box_test's.
+TEST_F(ImageChartTest, PrintingTheChartSendsThePictureShownThenRedraws) {
+    run(900, [](Rec& r, int k) { r.set("GAS_UNITS", 20.0 + (k % 120 < 30 ? 60 : 0)); });
+    open();
+    int shown = 0;
+    image->shown = [&](const QImage&) { ++shown; };
+    draw();
+    const QImage onScreen = image->picture();
+    QImage printed;
+    ws.services.print_picture = [&](const QImage& page) {
+        printed = page;
+        return station::PrintResult{};
+    };
+    chart::cmd_print_Click(ws);
+    EXPECT_EQ(printed, onScreen);
+    EXPECT_EQ(shown, 2) << "the chart is drawn anew after the print";
 }
 
 } // namespace

@@ -1,6 +1,4 @@
-// The mouse and the keys on a drawn chart: the read-out under the pointer,
-// a stretch chosen with two double clicks, the Shift drag, the position bar,
-// Escape, text boxes kept in the job file, and a chart that is drawing.
+// The mouse and the keys on a drawn chart.
 #include "chart/floating_boxes.h"
 #include "chart/interaction.h"
 #include "chart_fixture.h"
@@ -45,10 +43,14 @@ class InteractionTest : public ChartTest {
         testkit::RawDb raw(path, testkit::RawDb::Access::ReadOnly);
         return raw.value(QString("SELECT GAS_TEXT FROM OMBRI_DB_010 WHERE ID = %1").arg(id));
     }
-    int visibleBoxes(const QString& tag) const {
-        int n = 0;
-        for (const auto& l : ws.chart.lbl_insert_txt) n += l.Visible && l.Tag == tag;
-        return n;
+    // The one box shown beside a record; 0 for none or several.
+    int boxOf(int32_t id) const {
+        int found = 0;
+        for (int n = 1; n < int(ws.chart.lbl_insert_txt.size()); ++n) {
+            const auto& l = ws.chart.lbl_insert_txt[n];
+            if (l.Visible && l.Tag == QString::number(id)) found = found ? -1 : n;
+        }
+        return std::max(found, 0);
     }
 };
 
@@ -68,7 +70,6 @@ TEST_F(InteractionTest, PointerReadsTheRowAboveItAndFallsBackOverEmptyRows) {
         {"a drawn row", right(), double(mid), mid - 10, 0, false},
         {"an empty row keeps the last good one", right(), bottom + 300.0, mid - 10, 0, false},
         {"near the top of the canvas", right(), 5, 5, 0, true},
-        {"the position bar", 100, double(mid), mid - 10, kUpDownArrow, false},
         {"the tick band", c.PlotLeft - 100, double(mid), mid - 10, kUpDownArrow, false},
         {"left of the tick band", c.PlotLeft - 400, double(mid), mid - 10, 0, false},
     };
@@ -209,22 +210,13 @@ TEST_F(InteractionTest, PositionBarJumpsByThePlaceOfTheRelease) {
     auto& c = ws.chart;
     const int32_t last = c.LastRecord;
     const double h = canvas->Height();
-    struct Case {
-        bool flipped;
-        double y;
-        int32_t top;
-    } cases[] = {
-        {false, 0, last}, {false, h / 4, int32_t(last * 3 / 4)},
-        {false, h, 0},    {true, h / 4, int32_t(last / 4)},
-        {true, h, last},
-    };
-    for (const auto& k : cases) {
-        SCOPED_TRACE(testing::Message() << k.flipped << " " << k.y);
-        ws.settings.Flipped = k.flipped;
+    for (bool flipped : {false, true}) {
+        SCOPED_TRACE(flipped);
+        ws.settings.Flipped = flipped;
         c.ChartTopRecord = 1234;
         dblClick(right(), firstRow() + 20.0);
-        graph_MouseUp(ws, kLeftButton, 0, 100, k.y);
-        EXPECT_EQ(c.ChartTopRecord, k.top);
+        graph_MouseUp(ws, kLeftButton, 0, 100, h / 4);
+        EXPECT_EQ(c.ChartTopRecord, int32_t(flipped ? last / 4 : last * 3 / 4));
         EXPECT_EQ(c.SelectStartY, -1);
         EXPECT_GE(canvas->presented, 1);
     }
@@ -232,22 +224,13 @@ TEST_F(InteractionTest, PositionBarJumpsByThePlaceOfTheRelease) {
     c.ChartTopRecord = 1234;
     graph_MouseUp(ws, kLeftButton, 0, 300, h / 2);
     EXPECT_EQ(c.ChartTopRecord, 1234);
-    // In the 200 twips left of the plot the geolograph box opens on a level
-    // line.
-    ws.fm_Gas_Chart.Frame6.setVisible(true);
-    graph_MouseUp(ws, kRightButton, 0, c.PlotLeft - 100, firstRow() + 100.0);
-    EXPECT_TRUE(ws.fm_Gas_Chart.Geo_edit.visible());
-    EXPECT_FALSE(ws.fm_Gas_Chart.Frame6.visible());
-    EXPECT_TRUE(ws.fm_Gas_Chart.ln_selecter.visible());
-    EXPECT_EQ(c.ln_selecter_Y1, c.ln_selecter_Y2);
-    EXPECT_NE(c.RowRecordId[int(c.ln_selecter_Y1)], 0);
 }
 
 TEST_F(InteractionTest, FloatingBoxesOpenWhereTheChartSaysAndDragWithinTheCanvas) {
     job();
     const auto& c = ws.chart;
     auto& fm = ws.fm_Gas_Chart;
-    const double w = canvas->Width(), h = canvas->Height();
+    const double h = canvas->Height();
     const double top = firstRow() + 50.0, band = c.PlotLeft - 100;
     struct Open {
         const char* name;
@@ -270,38 +253,34 @@ TEST_F(InteractionTest, FloatingBoxesOpenWhereTheChartSaysAndDragWithinTheCanvas
     for (const auto& k : opens) {
         SCOPED_TRACE(k.name);
         graph_KeyPress(ws, kEscape);
+        fm.Frame6.setVisible(true);
         k.act();
         EXPECT_TRUE(k.box.visible());
         EXPECT_EQ(k.box.left(), k.left);
         EXPECT_EQ(k.box.top(), k.top);
     }
+    // The geolograph box takes the control box's place and marks its row
+    // with a level line.
+    EXPECT_FALSE(fm.Frame6.visible());
+    EXPECT_TRUE(fm.ln_selecter.visible());
+    EXPECT_EQ(c.ln_selecter_Y1, c.ln_selecter_Y2);
 
-    // A press on the box, a move and a release: the box goes by the
-    // pointer's travel, as far as the canvas lets it.
+    // A box dragged from where it was seen, not from off the canvas; the
+    // right button drags nothing.
     struct Drag {
-        const char* name;
         int button;
-        double fromLeft, fromTop, dx, dy, left, top;
-    } drags[] = {
-        {"inside", kLeftButton, 3000, 2000, 1500, 800, 4500, 2800},
-        {"past the right and bottom", kLeftButton, 3000, 2000, 20000, 20000, w - 2000, h - 1500},
-        {"past the left and top", kLeftButton, 3000, 2000, -5000, -4000, 0, 0},
-        {"from off the canvas, as seen", kLeftButton, -700, h, 100, -100, 100, h - 1600},
-        {"the right button", kRightButton, 3000, 2000, 1500, 800, 3000, 2000},
-    };
+        double dx, dy, left, top;
+    } drags[] = {{kLeftButton, 100, -100, 100, h - 1600}, {kRightButton, 100, -100, -700, h}};
     for (const auto& k : drags) {
-        SCOPED_TRACE(k.name);
-        for (forms::Control* box : {&fm.Frame6, &fm.sel_type}) {
-            box->setSize(2000, 1500);
-            box->setPlace(k.fromLeft, k.fromTop);
-            const double x = std::max(k.fromLeft, 0.0) + 300,
-                         y = std::min(k.fromTop, h - 1500) + 80;
-            Box_MouseDown(ws, *box, k.button, x, y);
-            Box_MouseMove(ws, *box, k.button, x + k.dx, y + k.dy);
-            EXPECT_EQ(Box_MouseUp(ws, *box, k.button, x + k.dx, y + k.dy), k.button == kLeftButton);
-            EXPECT_EQ(box->left(), k.left);
-            EXPECT_EQ(box->top(), k.top);
-        }
+        SCOPED_TRACE(k.button);
+        fm.sel_type.setSize(2000, 1500);
+        fm.sel_type.setPlace(-700, h);
+        Box_MouseDown(ws, fm.sel_type, k.button, 300, h - 1420);
+        Box_MouseMove(ws, fm.sel_type, k.button, 300 + k.dx, h - 1420 + k.dy);
+        EXPECT_EQ(Box_MouseUp(ws, fm.sel_type, k.button, 300 + k.dx, h - 1420 + k.dy),
+                  k.button == kLeftButton);
+        EXPECT_EQ(fm.sel_type.left(), k.left);
+        EXPECT_EQ(fm.sel_type.top(), k.top);
     }
 }
 
@@ -310,38 +289,30 @@ TEST_F(InteractionTest, TextBoxesAreKeptOneToARecordInTheJobFile) {
     auto& c = ws.chart;
     const int y = firstRow() + 200;
     const int32_t id = c.RowRecordId[y];
-    const QString tag = QString::number(id);
-    struct Case {
-        const char* name;
+    // The second box on the record replaces the first; a caret ends the
+    // caption drawn.
+    const struct {
         QString words;
-        double x, y;
-        QString stored; // GAS_TEXT afterwards
-        QString drawn;  // the caption after a redraw ("" for none)
-    } cases[] = {
-        {"a box", "Trip gas", 7000.4, double(y), "7000 ^Trip gas", "Trip gas"},
-        {"a second on the same record replaces it", "Connection", 8000, double(y),
-         "8000 ^Connection", "Connection"},
-        {"a caret in the words", "C1^C2 up", 7500, double(y), "7500 ^C1^C2 up", "C1"},
-    };
+        double x;
+        QString stored, drawn;
+    } cases[] = {{"Trip gas", 7000.4, "7000 ^Trip gas", "Trip gas"},
+                 {"C1^C2 up", 7500, "7500 ^C1^C2 up", "C1"}};
     for (const auto& k : cases) {
-        SCOPED_TRACE(k.name);
+        SCOPED_TRACE(k.words.toStdString());
         ws.fm_Gas_Chart.txt_message.setText(k.words);
         cmd_ins_text_Click(ws);
-        ASSERT_GT(c.PlacingTextBox, 0);
         const int n = c.PlacingTextBox;
+        ASSERT_GT(n, 0);
         // The box follows the pointer until the release drops it.
-        graph_MouseMove(ws, 0, 0, k.x - 200, k.y);
+        graph_MouseMove(ws, 0, 0, k.x - 200, y);
         EXPECT_EQ(c.lbl_insert_txt[n].Left, k.x);
-        graph_MouseUp(ws, kLeftButton, 0, k.x, k.y);
+        graph_MouseUp(ws, kLeftButton, 0, k.x, y);
         EXPECT_EQ(c.PlacingTextBox, 0);
+        EXPECT_EQ(boxOf(id), n) << "the record's earlier box is still shown";
         EXPECT_EQ(gasText(id), k.stored);
         draw();
-        EXPECT_EQ(visibleBoxes(tag), 1);
-        for (const auto& l : c.lbl_insert_txt) {
-            if (l.Visible && l.Tag == tag) {
-                EXPECT_EQ(l.Caption, k.drawn);
-            }
-        }
+        ASSERT_GT(boxOf(id), 0);
+        EXPECT_EQ(c.lbl_insert_txt[boxOf(id)].Caption, k.drawn);
     }
 
     // Dropped on an empty row the box stays in the hand and nothing is
@@ -357,11 +328,10 @@ TEST_F(InteractionTest, TextBoxesAreKeptOneToARecordInTheJobFile) {
 
     // Chosen, a box takes new words, and the delete empties its field.
     draw();
-    int n = 0;
-    for (int k = 1; k < int(c.lbl_insert_txt.size()); ++k)
-        if (c.lbl_insert_txt[k].Visible && c.lbl_insert_txt[k].Tag == tag) n = k;
+    const int n = boxOf(id);
     ASSERT_GT(n, 0);
     const auto& box = c.lbl_insert_txt[n];
+    EXPECT_EQ(box.Left, 7500);
     EXPECT_EQ(TextBoxAt(ws, box.Left + 10, box.Top + 10), n);
     lbl_insert_txt_Click(ws, n);
     EXPECT_EQ(ws.fm_Gas_Chart.txt_message.text(), "C1");

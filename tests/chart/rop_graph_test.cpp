@@ -1,5 +1,4 @@
-// The depth graph on a recording canvas: the depth it is given, the feet it
-// numbers, and the figure printed when a rate runs off the scale.
+// The depth graph on a recording canvas.
 #include "chart_fixture.h"
 
 namespace charttest {

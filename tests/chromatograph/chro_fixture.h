@@ -1,8 +1,7 @@
 #pragma once
-// A test station over a job of chromatograph runs written the way the
-// instrument leaves them: each run a stretch of records with one CGTESTNUM,
-// a packet every six seconds, and in every record the gas split of the run
-// before it. The picture box is a recording canvas.
+// A job of chromatograph runs as the instrument leaves them: each run records
+// of one CGTESTNUM, six seconds apart, each carrying the split of the run
+// before it.
 
 #include "chromatograph/chromatograph.h"
 #include "raw_db.h"
@@ -14,7 +13,6 @@
 #include <QDateTime>
 #include <functional>
 #include <gtest/gtest.h>
-#include <sqlite3.h>
 #include <vector>
 
 namespace chrotest {
@@ -65,40 +63,39 @@ class ChroTest : public ::testing::Test {
                 // Pressure and column temperature in turns.
                 const double vac = written % 2 ? 760 : 10000 + 61.25;
                 const double cgv = run.cgv ? run.cgv(k) : 1.1;
-                EXPECT_EQ(raw.exec(QString("INSERT INTO OMBRI_DB_010 (ID, PACKET_NUM, SERIAL_NUM, "
-                                           "DATE_TXT, TIME_TXT, DT, DEPTH, BIT_DEPTH, GAS_UNITS, "
-                                           "LAG_GU, CGTESTNUM, CGV, CHROM_VAC, C1, C2, C3, IC4, "
-                                           "NC4, IC5, NC5) VALUES (%1, %1, 'KW1042', '%2', '%3', "
-                                           "'%4', -4500, 0, %5, 4480, %6, %7, %8, %9)")
-                                       .arg(written)
-                                       .arg(at.toString("MM/dd/yyyy"), at.toString("HH:mm:ss"),
-                                            at.toString("yyyy-MM-dd HH:mm:ss"))
-                                       .arg(100 + run.testNum)
-                                       .arg(run.testNum)
-                                       .arg(cgv, 0, 'g', 17)
-                                       .arg(vac)
-                                       .arg(gas.join(", "))),
-                          SQLITE_OK);
+                raw.exec(QString("INSERT INTO OMBRI_DB_010 (ID, PACKET_NUM, SERIAL_NUM, DATE_TXT, "
+                                 "TIME_TXT, DT, DEPTH, BIT_DEPTH, GAS_UNITS, LAG_GU, CGTESTNUM, "
+                                 "CGV, CHROM_VAC, C1, C2, C3, IC4, NC4, IC5, NC5) VALUES (%1, %1, "
+                                 "'KW1042', '%2', '%3', '%4', -4500, 0, %5, 4480, %6, %7, %8, %9)")
+                             .arg(written)
+                             .arg(at.toString("MM/dd/yyyy"), at.toString("HH:mm:ss"),
+                                  at.toString("yyyy-MM-dd HH:mm:ss"))
+                             .arg(100 + run.testNum)
+                             .arg(run.testNum)
+                             .arg(cgv, 0, 'g', 17)
+                             .arg(vac)
+                             .arg(gas.join(", ")));
             }
         }
         raw.exec("COMMIT");
         store::PrimeLastRecord(ws);
     }
 
-    // A stretch chosen on the chart between two records (by ID).
-    void select(int32_t id1, int32_t id2) {
+    // View CG pressed on a stretch chosen on the chart between two records
+    // (by ID).
+    void view(int32_t id1, int32_t id2) {
         ws.chart.RowRecordId[1000] = id1;
         ws.chart.RowRecordId[2000] = id2;
         ws.chart.SelectStartY = 1000;
         ws.chart.SelectEndY = 2000;
+        chromatograph::cmd_view_cg_Click(ws);
     }
 
     const chromatograph::CgRun& run() const { return ws.chro.run; }
     // Run 2 (40 records, a whole run) on show, reported by run 3.
     void loadWhole() {
         write({{1, 40}, {2, 40}, {3, 10}, {4, 40}});
-        select(5, 20);
-        chromatograph::cmd_view_cg_Click(ws);
+        view(5, 20);
     }
     // X of the pointer over sample i.
     double pointerX(int i) const { return 300 + (i + 0.5) * 4100.0 / run().CgCount; }

@@ -3,6 +3,7 @@
 
 #include <csignal>
 #include <numeric>
+#include <sqlite3.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -121,8 +122,7 @@ TEST_F(PanelTest, BurstOfMovesCostsOneRedrawATick) {
 TEST_F(PanelTest, SlidersSplitOneHundredPercentAndTheCommitWritesOnlyTheReportingGroup) {
     write({{1, 40}, {2, 40}, {3, 10}, {4, 40}, {5, 40}});
     // Run 3 is incomplete; run 4's records report it.
-    select(45, 60);
-    cmd_view_cg_Click(ws);
+    view(45, 60);
     ASSERT_EQ(run().CgTestNum, 3);
     std::map<int, QString> before;
     for (int test : {1, 2, 3, 5}) before[test] = c1Of(test);
@@ -165,8 +165,7 @@ TEST_F(PanelTest, KilledCommitLeavesTheRunAllOldOrAllNew) {
             // The child commits and dies on the engine's own progress
             // callback, part way through the transaction.
             store::PrimeLastRecord(ws);
-            select(5, 20);
-            cmd_view_cg_Click(ws);
+            view(5, 20);
             for (int g = 0; g < 7; ++g) ws.fm_chro.VS_c[g].setValue(g == 0 ? 100 : 0);
             VS_c_Change(ws, 0);
             static int countdown;

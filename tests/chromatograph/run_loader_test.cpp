@@ -13,6 +13,7 @@ class RunLoaderTest : public ChroTest {};
 
 TEST_F(RunLoaderTest, FindsTheRunFromTheChartAndStepsThroughTheTable) {
     write(kJob);
+    ws.db.Grecords.SetAbsolutePosition(17);
     struct Case {
         const char* name;
         int32_t id1, id2; // the chart's selection
@@ -38,8 +39,7 @@ TEST_F(RunLoaderTest, FindsTheRunFromTheChartAndStepsThroughTheTable) {
     for (const Case& c : cases) {
         SCOPED_TRACE(c.name);
         ws.chro.run = CgRun{};
-        select(c.id1, c.id2);
-        cmd_view_cg_Click(ws);
+        view(c.id1, c.id2);
         for (auto step : c.then) step(ws);
         EXPECT_EQ(run().CgFirstRecord, c.first);
         EXPECT_EQ(run().CgLastRecord, c.last);
@@ -47,24 +47,17 @@ TEST_F(RunLoaderTest, FindsTheRunFromTheChartAndStepsThroughTheTable) {
         EXPECT_EQ(run().CgTestNum, c.testNum);
         EXPECT_EQ(run().CgEndOfData, c.endOfData);
         EXPECT_FALSE(ws.chart.Gchart_drawing);
+        // The chart's place in the table is left where it was.
+        EXPECT_EQ(ws.db.Grecords.AbsolutePosition(), 17);
     }
-}
-
-TEST_F(RunLoaderTest, LeavesTheChartsPlaceAndSetsTheSlidersFromTheReport) {
-    write(kJob);
-    ws.db.Grecords.SetAbsolutePosition(17);
-    select(5, 20);
-    cmd_view_cg_Click(ws);
-    EXPECT_EQ(ws.db.Grecords.AbsolutePosition(), 17);
-    // Run 2 is reported by run 3's records: 53 of 63.5001 is methane.
+    // Run 2 on show is reported by run 3's records: 53 of 63.5001 is methane.
     EXPECT_EQ(ws.fm_chro.VS_c[0].value(), 83);
     EXPECT_FALSE(ws.chro.run.CgSliderGuard);
 }
 
 TEST_F(RunLoaderTest, RefusesWhatItCannotShowAndKeepsTheRunOnShow) {
     write(kJob);
-    select(5, 20);
-    cmd_view_cg_Click(ws);
+    view(5, 20);
     const int presented = canvas->presented;
     ws.chart.SelectStartY = -1;
     cmd_view_cg_Click(ws);
@@ -74,17 +67,14 @@ TEST_F(RunLoaderTest, RefusesWhatItCannotShowAndKeepsTheRunOnShow) {
     get_previous_cg(ws);
     // While the chart draws, the view waits its turn.
     ws.chart.Gchart_drawing = true;
-    select(5, 20);
-    cmd_view_cg_Click(ws);
+    view(5, 20);
     EXPECT_EQ(canvas->presented, presented) << "nothing drawn";
     EXPECT_EQ(run().CgTestNum, 2);
-}
 
-TEST_F(RunLoaderTest, ClosedJobIsToldAndRaisesTheErrorFlag) {
-    write(kJob);
+    // A closed job is told and raises the error flag.
+    ws.chart.Gchart_drawing = false;
     ws.db.Grecords.Close();
-    select(5, 20);
-    cmd_view_cg_Click(ws);
+    view(5, 20);
     EXPECT_TRUE(st.lastMessage().startsWith("View CG Err: ")) << st.lastMessage().toStdString();
     EXPECT_TRUE(ws.db.Gdb_error);
     EXPECT_FALSE(ws.chart.Gchart_drawing);

@@ -3,6 +3,7 @@
 // file keeps, and which of them it can set but not clear.
 
 #include "config/config_file.h"
+#include "file_bytes.h"
 #include "test_station.h"
 
 #include <QFile>
@@ -19,15 +20,9 @@ struct Station : testkit::Station {
 
     QString configPath() const { return folder.file(config::kConfigFileName); }
     void writeConfig(const QByteArray& bytes) const {
-        QFile f(configPath());
-        ASSERT_TRUE(f.open(QIODevice::WriteOnly | QIODevice::Truncate));
-        ASSERT_EQ(f.write(bytes), bytes.size());
+        ASSERT_TRUE(testkit::WriteFile(configPath(), bytes));
     }
-    QByteArray readConfig() const {
-        QFile f(configPath());
-        if (!f.open(QIODevice::ReadOnly)) return {};
-        return f.readAll();
-    }
+    QByteArray readConfig() const { return testkit::ReadFile(configPath()); }
 };
 
 // Controls of the setup panel the file does not keep: buttons, labels,

@@ -1,5 +1,5 @@
 // The reader on small files: single lines, uneven scale repairs, the TCP
-// lines, short lines, line ends of other systems, and a missing file.
+// lines, short lines and line ends of other systems.
 #include "config_fixture.h"
 #include "text/numbers.h"
 
@@ -129,22 +129,4 @@ TEST(ConfigReader, ValuesAreConvertedAndChoicesDriveWhatTheyName) {
     st.writeConfig("[WITS ITEM] 9\r\n");
     config::ReadConfigFile(st.ws);
     EXPECT_EQ(st.ws.chart.Gwits_column, 2);
-}
-
-TEST(ConfigReader, AMissingFileLeavesEveryDefault) {
-    Station fresh, st;
-    config::ReadConfigFile(st.ws);
-    EXPECT_EQ(cfgtest::PanelState(st.ws.fm_setup), cfgtest::PanelState(fresh.ws.fm_setup));
-    EXPECT_FALSE(st.folder.exists(config::kConfigFileName));
-}
-
-TEST(ConfigFileHelpers, ExistsAndErrorLog) {
-    Station st;
-    st.writeConfig("x");
-    EXPECT_TRUE(config::FileExists(st.ws, config::kConfigFileName));
-    EXPECT_FALSE(config::FileExists(st.ws, "nothing.txt"));
-    EXPECT_FALSE(config::FileExists(st.ws, st.folder.path())); // a folder is no file
-    config::AppendErrLog(st.ws, "first");
-    config::AppendErrLog(st.ws, "second");
-    EXPECT_EQ(st.folder.read("ERR_LOG.TXT"), "first\r\nsecond\r\n");
 }

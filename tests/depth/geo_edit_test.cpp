@@ -1,8 +1,15 @@
 // The geolograph commands on a real job file: what each writes, what they
-// refuse, and how a restore undoes them.
+// refuse, how a restore undoes them, and that a command killed half way
+// leaves the job as it was.
 #include "geo_fixture.h"
 
+#include "store/range_delete.h"
+
+#include <csignal>
 #include <functional>
+#include <sqlite3.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 using namespace geotest;
 using platform::Answer;
@@ -11,122 +18,78 @@ namespace {
 
 class GeoEdit : public ::testing::Test, protected GeoJob {};
 
-TEST_F(GeoEdit, TicksAndStopsGoOnAndComeOffOneRecord) {
-    struct Case {
-        const char* name;
-        std::function<void(GeoJob&)> act;
-        const char* column;
-        QString expected;
-    };
-    const QString plain = "1000.0 1000.0 1000.0 1000.0 1001.0 1001.0 1001.0 1001.0";
-    // Each case on a fresh copy of eight records, two feet of four.
-    const Case cases[] = {
-        {"a tick", [](GeoJob& j) { j.click(&depth::cmd_add_foot_tick_Click, 0, 3); }, "DEPTH",
-         "1000.0 1000.0 -1000.0 1000.0 1001.0 1001.0 1001.0 1001.0"},
-        {"twice is none",
-         [](GeoJob& j) {
-             j.click(&depth::cmd_add_foot_tick_Click, 0, 3);
-             j.click(&depth::cmd_add_foot_tick_Click, 0, 3);
-         },
-         "DEPTH", plain},
-        {"a stop", [](GeoJob& j) { j.click(&depth::cmd_add_foot_tick_Click, 1, 6); }, "CGTESTNUM",
-         "1.0 1.0 1.0 1.0 1.0 -1.0 1.0 1.0"},
-        {"not at the newest", [](GeoJob& j) { j.click(&depth::cmd_add_foot_tick_Click, 0, 8); },
-         "DEPTH", plain},
-        {"the nearest tick comes off",
-         [](GeoJob& j) {
-             j.click(&depth::cmd_add_foot_tick_Click, 0, 3);
-             j.click(&depth::cmd_add_foot_tick_Click, 0, 7);
-             j.click(&depth::cmd_rem_foot_tick_Click, 0, 6);
-         },
-         "DEPTH", "1000.0 1000.0 -1000.0 1000.0 1001.0 1001.0 1001.0 1001.0"},
-        {"the stop comes off",
-         [](GeoJob& j) {
-             j.click(&depth::cmd_add_foot_tick_Click, 1, 4);
-             j.click(&depth::cmd_rem_foot_tick_Click, 1, 2);
-         },
-         "CGTESTNUM", "1.0 1.0 1.0 1.0 1.0 1.0 1.0 1.0"},
-    };
-    for (const Case& c : cases) {
-        GeoJob j;
-        j.write(Feet(1000, 2, 4));
-        c.act(j);
-        EXPECT_EQ(j.column(c.column), c.expected) << c.name;
-        EXPECT_FALSE(j.busy()) << c.name;
-    }
-}
-
-TEST_F(GeoEdit, RemovingWhatIsNotThereSaysSo) {
+TEST_F(GeoEdit, TicksAndStopsGoOnAndComeOffOneRecordAndSayWhenNoneIsThere) {
     write(Feet(1000, 2, 4));
+    const QString plain = column("DEPTH");
+    // Twice on one record is none; none goes on the newest record.
+    click(&depth::cmd_add_foot_tick_Click, 0, 3);
+    click(&depth::cmd_add_foot_tick_Click, 0, 3);
+    click(&depth::cmd_add_foot_tick_Click, 0, 8);
+    EXPECT_EQ(column("DEPTH"), plain);
+    // The nearest tick comes off.
+    click(&depth::cmd_add_foot_tick_Click, 0, 3);
+    click(&depth::cmd_add_foot_tick_Click, 0, 7);
+    click(&depth::cmd_rem_foot_tick_Click, 0, 6);
+    EXPECT_EQ(column("DEPTH"), "1000.0 1000.0 -1000.0 1000.0 1001.0 1001.0 1001.0 1001.0");
+    click(&depth::cmd_add_foot_tick_Click, 1, 6);
+    EXPECT_EQ(column("CGTESTNUM"), "1.0 1.0 1.0 1.0 1.0 -1.0 1.0 1.0");
+    click(&depth::cmd_rem_foot_tick_Click, 1, 2);
+    EXPECT_FALSE(column("CGTESTNUM").contains('-'));
+
+    click(&depth::cmd_rem_foot_tick_Click, 0, 4);
+    EXPECT_EQ(column("DEPTH"), plain);
     click(&depth::cmd_rem_foot_tick_Click, 0, 4);
     click(&depth::cmd_rem_foot_tick_Click, 1, 4);
     ASSERT_EQ(dialogs.boxes.size(), 2u);
     EXPECT_EQ(dialogs.boxes[0].text, "Ft not found to remove");
     EXPECT_EQ(dialogs.boxes[1].text, "Numbering stop not found to remove");
+    EXPECT_FALSE(ws.db.Gdb_busy);
 }
 
 TEST_F(GeoEdit, RenumberCountsTicksAndChangesAndEndsAtAStop) {
-    struct Case {
-        const char* name;
-        std::vector<Rec> recs;
-        int direction;
-        int from;
-        const char* startAt; // nullptr: no start number
-        QString expected;
-    };
-    const Case cases[] = {
-        {"three ticks going down, fractions kept",
-         {{1000.25}, {1000.25}, {-1000.5}, {1000.5}, {-1000.5}, {-1000.75}, {1000.75}},
-         1,
-         1,
-         nullptr,
-         "1000.25 1000.25 1001.5 1001.5 1002.5 1003.75 1003.75"},
-        {"going up from the newest",
-         {{500}, {505}, {505}, {502}, {502}},
-         0,
-         5,
-         nullptr,
-         "500.0 501.0 501.0 502.0 502.0"},
-        {"a stop ends it at the next change",
-         {{10}, {15}, {15, true}, {15}, {17}, {18}},
-         1,
-         1,
-         nullptr,
-         "10.0 11.0 11.0 11.0 17.0 18.0"},
-        {"the start number at the first tick",
-         {{10}, {10}, {-10}, {10}, {11}},
-         1,
-         1,
-         "2000",
-         "10.0 10.0 2001.0 2001.0 2002.0"},
-        {"across a place holder",
-         {{300}, {305}, {305, false, "0 *#"}, {305, false, "0 *#"}, {306}},
-         1,
-         1,
-         nullptr,
-         "300.0 301.0 301.0 301.0 302.0"},
-        {"across a place holder with the feet miscounted",
-         {{300}, {300}, {300, false, "0 *#"}, {-300, false, "0 *#"}, {301}},
-         1,
-         1,
-         nullptr,
-         "300.0 300.0 300.0 301.0 302.0"},
-    };
-    for (const Case& c : cases) {
+    auto renumbered = [](const std::vector<Rec>& recs, int direction, int from,
+                         const char* startAt) {
         GeoJob j;
-        j.write(c.recs);
+        j.write(recs);
         const QString raw = j.column("DEPTH_RAW");
-        j.renumber(c.direction, c.from, c.startAt);
-        EXPECT_EQ(j.column("DEPTH"), c.expected) << c.name;
-        EXPECT_EQ(j.column("DEPTH_RAW"), raw) << c.name << ": the raw depth stays";
-    }
+        j.renumber(direction, from, startAt);
+        EXPECT_EQ(j.column("DEPTH_RAW"), raw) << "the raw depth stays";
+        return j.column("DEPTH");
+    };
+    // Going down: ticks, fractions kept, the start number at the first, a stop.
+    EXPECT_EQ(renumbered({{10.25}, {10.25}, {-10.5}, {-10.5}, {10.5}, {15, true}, {15}, {17}, {18}},
+                         1, 1, "2000"),
+              "10.25 10.25 2001.5 2002.5 2002.5 2003.0 2003.0 17.0 18.0");
+    EXPECT_EQ(renumbered({{500}, {505}, {505}, {502}, {502}}, 0, 5, nullptr),
+              "500.0 501.0 501.0 502.0 502.0")
+        << "going up from the newest";
 }
 
-TEST_F(GeoEdit, RestoreAfterEditsGivesTheRawDepthBack) {
-    const std::vector<Rec> recs = Feet(1000, 5, 6);
-    write(recs);
+TEST_F(GeoEdit, RefusalsChangeNothingAndARestoreGivesTheRawDepthBack) {
+    write(Feet(1000, 5, 6));
     const QString raw = column("DEPTH_RAW");
     click(&depth::cmd_add_foot_tick_Click, 0, 4);
+
+    // The stretch commands share their selection check and every command
+    // its busy check: one case each stands for all of them.
+    const QString ticked = dump();
+    depth::cmd_del_sel_ticks_Click(ws);
+    EXPECT_EQ(dump(), ticked) << "delete ticks, no selection";
+    level(10);
+    ws.chart.ln_selecter_Y2 += 15;
+    depth::cmd_add_foot_tick_Click(ws, 0);
+    EXPECT_EQ(dump(), ticked) << "tick, line not level";
+    level(10);
+    ws.chart.Gchart_busy = true;
+    depth::cmd_add_foot_tick_Click(ws, 0);
+    EXPECT_EQ(dump(), ticked) << "tick, chart drawing";
+    ws.chart.Gchart_busy = false;
+    select(3, 30);
+    ws.db.Gdb_busy = true;
+    depth::cmd_Mark_GU_Click(ws, 1);
+    EXPECT_EQ(dump(), ticked) << "mark, busy";
+    ws.db.Gdb_busy = false;
+
     renumber(1, 2, "3000");
     select(10, 25);
     depth::cmd_del_sel_ticks_Click(ws);
@@ -143,13 +106,10 @@ TEST_F(GeoEdit, RestoreAfterEditsGivesTheRawDepthBack) {
         EXPECT_EQ(part[i], restored ? rawRows[i] : before[i]) << "record " << i + 1;
     }
 
-    // All: answered No, nothing; Yes, everything.
-    answer(Answer::No);
+    // All, answered No: nothing.
+    dialogs.answers.push_back(Answer::No);
     depth::cmd_restore_all_geo_Click(ws);
     EXPECT_EQ(column("DEPTH").split(' '), part);
-    answer(Answer::Yes);
-    depth::cmd_restore_all_geo_Click(ws);
-    EXPECT_EQ(column("DEPTH"), raw);
     EXPECT_EQ(dialogs.boxes.back().title, "RESTORE DEPTH MARKS?");
 }
 
@@ -161,14 +121,13 @@ TEST_F(GeoEdit, FeetAddedBetweenChangesSurviveARestore) {
     recs.push_back({105});
     write(recs);
     depth::cmd_insert_ft_Click(ws);
-    answer(Answer::Yes);
+    dialogs.answers.push_back(Answer::Yes);
     depth::cmd_restore_all_geo_Click(ws);
     const QStringList d = column("DEPTH").split(' ');
     const QStringList expected = {"100.0", "100.2", "100.5", "100.7", "101.0",
                                   "101.6", "102.3", "103.0", "104.0", "104.0"};
     for (int i = 0; i < expected.size(); ++i) EXPECT_EQ(d[i], expected[i]) << "record " << i + 1;
     EXPECT_EQ(d[1408], "104.0") << "the long foot stays as it was";
-    EXPECT_EQ(column("DEPTH_RAW").split(' ').mid(0, 8), d.mid(0, 8));
     EXPECT_EQ(column("BIT_DEPTH").split(' ')[2], "100.5");
     // Four records took 24 s for the foot: 0.4 minutes, 150 ft an hour; the
     // first of a run is not written.
@@ -191,48 +150,56 @@ TEST_F(GeoEdit, GasMarkedBadStacksAndGoodTakesEveryMarkOff) {
     EXPECT_EQ(ws.chart.SelectStartY, -1);
 }
 
-TEST_F(GeoEdit, RefusalsChangeNothing) {
-    // The stretch commands share their selection check and every command
-    // its busy check: one case each stands for all of them.
+// Counts rows down and kills the process at 0, with no clean-up of any kind.
+void DieAtZero(void* left, int, const char*, const char*, sqlite3_int64) {
+    if (--*static_cast<int*>(left) == 0) raise(SIGKILL);
+}
+
+// The child process that runs the command dies by SIGKILL in the middle of
+// its writes; the file is then whole and exactly as before. Run to its end,
+// the same command does change the file.
+TEST(GeoKill, AKilledCommandLeavesTheJobAsBefore) {
     struct Case {
         const char* name;
-        std::function<void(GeoJob&)> arrange;
         std::function<void(GeoJob&)> command;
     };
-    auto none = [](GeoJob&) {};
-    auto tick = [](GeoJob& j) { depth::cmd_add_foot_tick_Click(j.station(), 0); };
-    auto bad = [](GeoJob& j) { depth::cmd_Mark_GU_Click(j.station(), 1); };
     const Case cases[] = {
-        {"delete ticks, no selection", none,
-         [](GeoJob& j) { depth::cmd_del_sel_ticks_Click(j.station()); }},
-        {"tick, line not level",
+        {"renumber", [](GeoJob& j) { j.renumber(1, 2, "5000"); }},
+        {"range delete",
          [](GeoJob& j) {
-             j.level(10);
-             j.station().chart.ln_selecter_Y2 += 15;
-         },
-         tick},
-        {"tick, chart drawing",
-         [](GeoJob& j) {
-             j.level(10);
-             j.station().chart.Gchart_busy = true;
-         },
-         tick},
-        {"mark, busy",
-         [](GeoJob& j) {
-             j.select(3, 30);
-             j.setBusy(true);
-         },
-         bad},
+             j.select(100, 15000);
+             j.dialogs.answers.push_back(platform::Answer::Yes);
+             store::cmd_del_from_db_Click(j.ws);
+         }},
     };
     for (const Case& c : cases) {
         GeoJob j;
-        std::vector<Rec> recs = Feet(700, 8, 5);
-        recs[12].depth = -recs[12].depth;
-        j.write(recs);
+        j.write(GeoJob::Feet(1000, 2000, 10));
         const QString before = j.dump();
-        c.arrange(j);
+        // The child opens its own connection: none may cross the fork.
+        store::CloseSharedDb(j.ws);
+
+        const pid_t child = fork();
+        ASSERT_GE(child, 0);
+        if (child == 0) {
+            j.open();
+            int left = 5000;
+            sqlite3_update_hook(j.ws.db.Gdb.handle(), &DieAtZero, &left);
+            c.command(j);
+            _exit(0);
+        }
+        int status = 0;
+        ASSERT_EQ(waitpid(child, &status, 0), child);
+        ASSERT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL)
+            << c.name << ": the command ended before the kill";
+
+        EXPECT_EQ(testkit::RawDb(j.job).integrity(), "ok") << c.name;
+        EXPECT_EQ(j.dump(), before) << c.name << ": half a command is in the file";
+
+        j.open();
         c.command(j);
-        EXPECT_EQ(j.dump(), before) << c.name;
+        EXPECT_NE(j.dump(), before) << c.name << ": the command did nothing";
+        EXPECT_EQ(testkit::RawDb(j.job).integrity(), "ok") << c.name;
     }
 }
 

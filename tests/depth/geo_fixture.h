@@ -22,11 +22,9 @@ constexpr int kEndRow = 4000;
 struct Rec {
     double depth;
     bool stop = false;
-    const char* err = "0";
 };
 
-class GeoJob : protected testkit::Station {
-  public:
+struct GeoJob : testkit::Station {
     GeoJob() : testkit::Station("GEO.db") { ws.chart.Gchart_busy = false; }
 
     // Records with ID and PACKET_NUM 1, 2, 3 ..., six seconds apart from
@@ -40,12 +38,11 @@ class GeoJob : protected testkit::Station {
             raw.exec(QString("INSERT INTO OMBRI_DB_010 (ID, PACKET_NUM, DT, DEPTH, DEPTH_RAW, "
                              "BIT_DEPTH, MIN_FT, FT_HR, CGTESTNUM, ERR_TXT) VALUES (%1, %1, "
                              "datetime('2026-11-01 06:00:00', '+%2 seconds'), %3, %3, %3, 2, "
-                             "30, %4, '%5')")
+                             "30, %4, '0')")
                          .arg(n)
                          .arg(6 * n)
                          .arg(r.depth, 0, 'g', 12)
-                         .arg(r.stop ? -1 : 1)
-                         .arg(r.err));
+                         .arg(r.stop ? -1 : 1));
         }
         raw.exec("COMMIT");
         open();
@@ -93,7 +90,6 @@ class GeoJob : protected testkit::Station {
             "quote(FT_HR)||quote(CGTESTNUM)||quote(ERR_TXT)||quote(DATE_TXT)||"
             "quote(TOTAL_STROKES) AS r FROM OMBRI_DB_010 ORDER BY PACKET_NUM)");
     }
-    void answer(platform::Answer a) { dialogs.answers.push_back(a); }
 
     // A box command with an index, at the level line on record `id`.
     void click(void (*command)(Workstation&, int), int index, int id) {
@@ -109,12 +105,6 @@ class GeoJob : protected testkit::Station {
         level(from);
         depth::cmd_renum_geo_Click(ws);
     }
-    bool busy() const { return ws.db.Gdb_busy; }
-    void setBusy(bool b) { ws.db.Gdb_busy = b; }
-    void rowAt(int y, int id) { ws.chart.RowRecordId[y] = id; }
-    Workstation& station() { return ws; }
-    const QString& path() const { return job; }
-    testkit::ScriptedDialogs& boxes() { return dialogs; }
 };
 
 } // namespace geotest

@@ -1,11 +1,12 @@
 #pragma once
-// The test station with a job file of its own,
-// filled packet by packet through the record writer as the live program
-// does, or in bulk through the store for the long jobs.
+// The test station with a job file of its own, filled packet by packet
+// through the record writer as the live program does, or in bulk by SQL
+// for the long jobs.
 
 #include "db/recordset.h"
 #include "db/schema.h"
 #include "depth/lag.h"
+#include "raw_db.h"
 #include "store/record_writer.h"
 #include "test_station.h"
 
@@ -21,32 +22,10 @@ struct Packet {
     double depth = 1000, gas = 10, minFt = 1, spm = 100;
     bool badGas = false;
     std::array<double, 5> gases{}; // C1 .. NC4
-    Packet& rate(double m) { return minFt = m, *this; }
-    Packet& pumps(double s) { return spm = s, *this; }
 };
-inline Packet At(double depth) {
-    Packet p;
-    p.depth = depth;
-    return p;
-}
-
-// A record written straight through the store, pumps at 100; no count
-// leaves TOTAL_STROKES Null.
-struct Row {
-    double depth = 1000, minFt = 1;
-    std::optional<double> strokes;
-    Row& rate(double m) { return minFt = m, *this; }
-    Row& count(double s) { return strokes = s, *this; }
-};
-inline Row RowAt(double depth) {
-    Row r;
-    r.depth = depth;
-    return r;
-}
 
 class JobTest : public ::testing::Test, protected testkit::Station {
   protected:
-    const QString path = job;
     QDateTime clock{QDate(2026, 11, 1), QTime(6, 0, 0)};
     long packet = 1001;
 
@@ -86,27 +65,22 @@ class JobTest : public ::testing::Test, protected testkit::Station {
         store::SaveKWData(ws);
         clock = clock.addSecs(6);
     }
-    void bulk(const std::vector<Row>& rows) {
-        db::Database d = db();
-        db::Recordset rs = d.OpenRecordset(db::RecordQuery(db::kRecordTable));
-        d.BeginTrans();
-        for (const Row& r : rows) {
-            rs.AddNew();
-            rs.SetField("ID", static_cast<long long>(packet));
-            rs.SetField("PACKET_NUM", static_cast<long long>(packet++));
-            rs.SetField("DT", clock);
-            rs.SetField("DEPTH", r.depth);
-            rs.SetField("MIN_FT", r.minFt);
-            rs.SetField("ERR_TXT", "0");
-            rs.SetField("TOTAL_SPM", 100.0);
-            if (r.strokes) rs.SetField("TOTAL_STROKES", *r.strokes);
-            rs.Update();
-            clock = clock.addSecs(6);
-        }
-        d.CommitTrans();
+    // n records straight into the table, six seconds apart, pumps at 100;
+    // DEPTH, MIN_FT and TOTAL_STROKES are SQL of the record's index i.
+    void bulk(int n, const QString& depth, const QString& minFt, const QString& strokes = "NULL") {
+        exec(QString("WITH RECURSIVE s(i) AS (SELECT 0 UNION ALL SELECT i + 1 FROM s WHERE i < %1) "
+                     "INSERT INTO OMBRI_DB_010 (ID, PACKET_NUM, DT, DEPTH, MIN_FT, ERR_TXT, "
+                     "TOTAL_SPM, TOTAL_STROKES) SELECT %2 + i, %2 + i, datetime('%3', '+' || "
+                     "(6 * i) || ' seconds'), %4, %5, '0', 100, %6 FROM s")
+                 .arg(n - 1)
+                 .arg(packet)
+                 .arg(clock.toString("yyyy-MM-dd HH:mm:ss"))
+                 .arg(depth, minFt, strokes));
+        packet += n;
+        clock = clock.addSecs(6 * n);
     }
 
-    db::Database db() const { return db::OpenDatabase(path); }
+    db::Database db() const { return db::OpenDatabase(job); }
     void exec(const QString& sql) const { db().Execute(sql); }
     // A column of every record, in packet order.
     std::vector<db::Variant> column(const char* name) const {
@@ -122,10 +96,15 @@ class JobTest : public ::testing::Test, protected testkit::Station {
     // A column's value in record i (from 0).
     std::optional<double> at(const char* name, int i) const { return num(column(name)[i]); }
     // How many records have a lag depth.
-    int lagged() const {
-        int n = 0;
-        for (const auto& v : column("LAG_GU")) n += v.isNull() ? 0 : 1;
-        return n;
+    long long lagged() const {
+        return testkit::RawDb(job).number("SELECT count(LAG_GU) FROM OMBRI_DB_010");
+    }
+    // The job's write of one column of one record fails from now on.
+    void failUpdateOf(const char* column, long packetNum) {
+        exec(QString("CREATE TRIGGER stop_job BEFORE UPDATE OF %1 ON OMBRI_DB_010 "
+                     "WHEN OLD.PACKET_NUM = %2 BEGIN SELECT RAISE(ABORT, 'stopped'); END")
+                 .arg(column)
+                 .arg(packetNum));
     }
     // How many times a message went to the error log.
     int logged(const QString& text) const {

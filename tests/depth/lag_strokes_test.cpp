@@ -1,19 +1,12 @@
 // The strokes pass at its edges, on job files written by the record writer.
 #include "job_fixture.h"
 
-using depthtest::At;
 using depthtest::JobTest;
 
 TEST_F(JobTest, PassesThatLagNothing) {
-    // An empty job has no first record to go to: the pass ends in its
-    // handler at the opening, and the error timer will take it up.
-    byStrokes();
-    wholePass();
-    EXPECT_EQ(logged("Recalculate Lag Err: No current record"), 1);
-    EXPECT_FALSE(ws.db.Gdb_busy);
-
     // No strokes at all: no record is lagged and the lag depth stands.
-    for (int i = 0; i < 50; ++i) save(At(500 + i * 0.1).pumps(0));
+    byStrokes();
+    for (int i = 0; i < 50; ++i) save({.depth = 500 + i * 0.1, .spm = 0});
     ws.depth.Glag_depth_now = 777;
     wholePass();
     EXPECT_EQ(lagged(), 0);
@@ -22,96 +15,50 @@ TEST_F(JobTest, PassesThatLagNothing) {
     // 10000 ft at 1.1 strokes a foot needs 11000 strokes; the newest record
     // has 5000: target -6000, nothing from the hole is up yet.
     ws.depth.Gtotal_strokes = 4970;
-    for (int i = 0; i < 3; ++i) save(At(10000));
+    for (int i = 0; i < 3; ++i) save({.depth = 10000});
     wholePass();
-    EXPECT_EQ(column("TOTAL_STROKES").back().toDouble(), 5000);
     EXPECT_EQ(lagged(), 0);
     EXPECT_EQ(ws.depth.Glag_depth_now, 0);
 }
 
-TEST_F(JobTest, WithNoLagEveryRecordButTheFirstIsItsOwnSourceAndClearingZeroesAll) {
-    // A zone of 0 strokes: every target is the record's own count, so the
-    // search stops where it starts. The first record still gets nothing:
-    // the pass leaves as soon as its source is the first record. 900
-    // records: the clearing takes more than one batch.
-    for (int i = 0; i < 900; ++i) save(At(300 + i).rate(2 + i));
-    strokesPass("0");
-    const auto lag = column("LAG_GU");
-    const auto data1 = column("DATA1");
-    EXPECT_TRUE(lag[0].isNull());
-    for (int i = 1; i < 900; ++i) {
-        ASSERT_EQ(num(lag[i]), 300 + i) << i;
-        ASSERT_EQ(num(data1[i]), 2 + i) << i;
-    }
-    depth::cmd_Clear_Lag_Click(ws);
-    for (const char* c : {"LAG_GU", "DATA1"})
-        for (const auto& v : column(c)) EXPECT_EQ(num(v), 0.0);
-    EXPECT_FALSE(ws.db.Gdb_busy);
-}
-
-TEST_F(JobTest, StrokeCounterJumpsAreReportedOncePerPlaceAndOnlyOnceLagging) {
-    // Records 0-59 count from 0 up; then the counter jumped and 60-119 count
-    // from 20000. The first work record (20600) is far from the "last" count
-    // of 0, but nothing is lagged yet: no message there. Work record 59
-    // (600, after 20010) is the one place.
-    for (int i = 0; i < 60; ++i) save(At(100));
-    ws.depth.Gtotal_strokes = 20000;
-    for (int i = 0; i < 60; ++i) save(At(100));
-    strokesPass();
-    EXPECT_EQ(logged("Sudden Strokes counter change\r\nRecalculate lag for whole DB to fix"), 1);
-    EXPECT_EQ(at("LAG_GU", 59), 100) << "the pass went on past the jump";
-}
-
-TEST_F(JobTest, TheSearchStopsAtACounterJumpFromWhereItStarted) {
-    // 0-59 count from 40000 (a counter later reset); 60-79 pumps off, 0
-    // strokes; 80-139 count from 0 again. 100 ft at 1.25 strokes a foot:
-    // target = count - 125. MIN_FT is the record's number, so DATA1 names
-    // each source.
-    ws.depth.Gtotal_strokes = 40000;
-    int n = 0;
-    for (; n < 60; ++n) save(At(100).rate(n));
+TEST_F(JobTest, JumpsOfCounterAndDepthAreReportedOncePerPlaceAndStopTheSearch) {
+    // Records 0-59 count from 0, 60-69 have the pumps off (no count), 70-209
+    // count from 40000; all at 100 ft but record 190, a tick. MIN_FT is the
+    // record's number: DATA1 names each source.
+    for (int i = 0; i < 60; ++i) save({.depth = 100, .minFt = double(i)});
     ws.depth.Gtotal_strokes = 0;
-    for (; n < 80; ++n) save(At(100).rate(n).pumps(0));
-    for (; n < 140; ++n) save(At(100).rate(n));
-    strokesPass("125");
-    const auto data1 = column("DATA1");
-    // Record 80 + k counts 10 (k + 1). Work record 139: 600 - 125 = 475,
-    // source 126; each record before takes the one before: w - 13.
-    EXPECT_EQ(num(data1[139]), 126);
-    // Record 93 (140 strokes, target 15) takes 80 (10). The search for 92
-    // (target 5) starts at 79, whose count is 0: it steps over the pumps-off
-    // records and stops at 59, 40600 strokes from where it started, the
-    // first record beyond the jump. 91 (target -5) searches from 58 on the
-    // far side, finds nothing, and the pass ends.
-    EXPECT_EQ(num(data1[93]), 80);
-    EXPECT_EQ(num(data1[92]), 59);
-    EXPECT_TRUE(data1[91].isNull());
-}
-
-TEST_F(JobTest, ANewFootTickEntersWithItsSignAndReportsTwice) {
-    // 200 records at 1000 ft from 5000 strokes; record 180 is a tick. Its
-    // target lies above its own count (5000 + 1810 + 1100), and the search
-    // restarts at the work record before it (181), which it takes.
-    ws.depth.Gtotal_strokes = 5000;
-    for (int i = 0; i < 200; ++i) save(At(i == 180 ? -1000.0 : 1000.0));
+    for (int i = 60; i < 70; ++i) save({.depth = 100, .minFt = double(i), .spm = 0});
+    ws.depth.Gtotal_strokes = 40000;
+    for (int i = 70; i < 210; ++i) save({.depth = i == 190 ? -100.0 : 100.0, .minFt = double(i)});
     strokesPass();
-    EXPECT_EQ(logged("Sudden depth change at -1000"), 1);
-    EXPECT_EQ(logged("Sudden depth change at 1000"), 1);
-    EXPECT_EQ(at("LAG_GU", 180), 1000);
-    EXPECT_EQ(at("LAG_GU", 179), 1000) << "beyond the tick the pass goes on";
+    // The first work record (41400) is far from the "last" count of 0, but
+    // nothing is lagged yet: work record 59 (600, after 40010) is the one
+    // place of the counter.
+    EXPECT_EQ(logged("Sudden Strokes counter change\r\nRecalculate lag for whole DB to fix"), 1);
+    EXPECT_EQ(logged("Sudden depth change at -100"), 1);
+    EXPECT_EQ(logged("Sudden depth change at 100"), 1);
+    // The tick's target lies above its own count: the search restarts at the
+    // work record before it (191), which it takes.
+    EXPECT_EQ(at("DATA1", 190), 191);
+    EXPECT_EQ(at("LAG_GU", 189), 100);
+    // The search for 59 (target 490) starts at 70, steps over the records
+    // with no count, and stops at 59, 39410 strokes from where it started.
+    EXPECT_EQ(at("DATA1", 59), 59);
+    EXPECT_EQ(at("LAG_GU", 58), 100) << "the pass goes on past the jump";
 }
 
-TEST_F(JobTest, ADepthRangePassStartsAtOrBelowItsTopAndEndsPastItsFoot) {
-    // 4000 ft to 6990 ft, 10 ft a record, 300 records; no lag to speak of
-    // (a zone of 0 strokes), so each lagged record names itself.
-    for (int i = 0; i < 300; ++i) save(At(4000.0 + 10 * i));
+TEST_F(JobTest, ADepthRangePassStartsAtOrBelowItsTopAndEndsPastItsFootAndClearingZeroesAll) {
+    // 4000 ft on, 10 ft a record; no lag to speak of (a zone of 0 strokes),
+    // so each lagged record names itself. 500 records: the clearing takes
+    // more than one batch.
+    for (int i = 0; i < 500; ++i) save({.depth = 4000.0 + 10 * i});
     ws.fm_setup.txt_str_per_100ft[1].setText("0");
     ws.fm_setup.txt_recalc_lag_from.setText("5000");
     ws.fm_setup.txt_recalc_lag_to.setText("6000");
     byStrokes();
     depth::cmd_recalc_lag_Click(ws, 1);
     const auto lag = column("LAG_GU");
-    for (int i = 0; i < 300; ++i) {
+    for (int i = 0; i < 500; ++i) {
         const double depth = 4000.0 + 10 * i;
         SCOPED_TRACE(depth);
         // From the newest record at or below 6000 (record 200) down to the
@@ -125,11 +72,16 @@ TEST_F(JobTest, ADepthRangePassStartsAtOrBelowItsTopAndEndsPastItsFoot) {
     // again.
     EXPECT_EQ(logged("Total Strokes Fixed"), 1);
     EXPECT_TRUE(ws.depth.RopRebuild);
+
+    depth::cmd_Clear_Lag_Click(ws);
+    for (const char* c : {"LAG_GU", "DATA1"})
+        for (const auto& v : column(c)) EXPECT_EQ(num(v), 0.0);
+    EXPECT_FALSE(ws.db.Gdb_busy);
 }
 
-TEST_F(JobTest, TheRoutinePassLagsTheNewest400QuietlyAndTheTimerStandsBack) {
-    for (int i = 0; i < 600; ++i) save(At(2000 + i * 0.05));
-    ws.fm_setup.txt_str_per_100ft[1].setText("1");
+TEST_F(JobTest, TheRoutinePassLagsTheNewest400AndAFailedPassKeepsWhatItWrote) {
+    for (int i = 0; i < 600; ++i) save({.depth = 800});
+    ws.fm_setup.txt_str_per_100ft[1].setText("0");
     byStrokes();
     // The file busy: no pass.
     ws.db.Gdb_busy = true;
@@ -139,16 +91,16 @@ TEST_F(JobTest, TheRoutinePassLagsTheNewest400QuietlyAndTheTimerStandsBack) {
     depth::tmr_recalc_lag_Timer(ws);
     EXPECT_EQ(lagged(), 400);
     EXPECT_TRUE(at("LAG_GU", 200));
-}
+    EXPECT_FALSE(ws.fm_help.txt_help.text().contains("Please wait"))
+        << "the routine pass is unseen";
 
-TEST_F(JobTest, ANullDepthEndsThePassThroughItsHandlerKeepingWhatItWrote) {
-    for (int i = 0; i < 120; ++i) save(At(800));
-    exec("UPDATE OMBRI_DB_010 SET DEPTH = NULL WHERE PACKET_NUM = 1080");
-    strokesPass("0");
+    // A Null depth ends a whole pass through its handler; records 101 to
+    // 199, lagged before the failure, stay lagged.
+    exec("UPDATE OMBRI_DB_010 SET DEPTH = NULL WHERE PACKET_NUM = 1101");
+    wholePass();
     EXPECT_EQ(logged("Recalculate Lag Err: Invalid use of Null  Errpt: 13"), 1);
     EXPECT_TRUE(ws.db.Gdb_error);
+    EXPECT_FALSE(ws.db.Gdb_busy);
     EXPECT_FALSE(ws.fm_help.form.visible());
-    // Records 80 to 119 were lagged before the failure and stay lagged.
-    EXPECT_EQ(lagged(), 40);
-    EXPECT_EQ(at("LAG_GU", 80), 800);
+    EXPECT_EQ(lagged(), 499);
 }

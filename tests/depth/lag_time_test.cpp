@@ -1,42 +1,15 @@
-// The time pass's lag in records, and the rate pass of a whole-file run.
+// The rate of penetration rewritten by a whole-file lag run and after a
+// renumbering.
 #include "job_fixture.h"
 
-using depthtest::At;
 using depthtest::JobTest;
-using depthtest::RowAt;
-
-TEST_F(JobTest, TheLagInRecordsDropsTheFractionOfAMinuteAndAddsTheLineLagWithWitsDown) {
-    // 1700 records at 9000 ft whose MIN_FT is their own number; 1.8 minutes
-    // per 100 ft: 9000 x 0.018 = 162 minutes, 1620 records.
-    std::vector<depthtest::Row> rows;
-    for (int i = 0; i < 1700; ++i) rows.push_back(RowAt(9000).rate(i));
-    bulk(rows);
-    byTime();
-    ws.wits.Gwits_alive = 30;
-    wholePass();
-    EXPECT_EQ(at("DATA1", 1699), 1699 - 1620);
-
-    // 9050 ft: 162.9 minutes, the fraction dropped: still 1620.
-    exec("UPDATE OMBRI_DB_010 SET DEPTH = 9050");
-    wholePass();
-    EXPECT_EQ(at("DATA1", 1699), 1699 - 1620);
-
-    // WITS down: the line lag's 120 s, 20 records, is added.
-    ws.wits.Gwits_alive = 0;
-    wholePass();
-    EXPECT_EQ(at("DATA1", 1699), 1699 - 1640);
-    // A record too close to the start for this lag keeps what the run
-    // before gave it: a pass never clears.
-    EXPECT_EQ(at("DATA1", 1640), 1640 - 1620);
-    EXPECT_EQ(at("DATA1", 1641), 1);
-}
 
 TEST_F(JobTest, WithTheBoxTickedAWholeFileRunRewritesTheRateFromTheTimeEachFootTook) {
     // Six seconds a record; the depth moves on every 10 records, 60 s a foot;
     // record 25 is a new foot tick of the foot it is on.
     for (int i = 0; i < 40; ++i) {
         const double d = 500 + i / 10;
-        save(At(i == 25 ? -d : d).rate(9));
+        save({.depth = i == 25 ? -d : d, .minFt = 9});
     }
     ws.fm_setup.ck_Fix_ROP.setValue(1);
     byTime();
@@ -63,7 +36,8 @@ TEST_F(JobTest, WithTheBoxTickedAWholeFileRunRewritesTheRateFromTheTimeEachFootT
 
 TEST_F(JobTest, RateRecalculationTakesEachFootsTimeFromItsHoursMinutesAndSeconds) {
     // Records 6 s apart: 500 ft for records 0-4, 501 for 5-14, 502 from 15.
-    for (int i = 0; i < 20; ++i) save(At(i < 5 ? 500.5 : i < 15 ? 501.5 : 502.5).rate(100 + i));
+    for (int i = 0; i < 20; ++i)
+        save({.depth = i < 5 ? 500.5 : i < 15 ? 501.5 : 502.5, .minFt = 100.0 + i});
     int32_t first = 0, last = 0, result = 0;
     depth::recalculate_rop(ws, first, last, result);
     const auto minFt = column("MIN_FT");

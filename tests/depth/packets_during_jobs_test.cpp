@@ -1,85 +1,66 @@
-// Live packets go on arriving while the long jobs run (they let the event
-// loop run between batches): whatever becomes of the job, every packet that
-// arrived is in the file.
+// Live packets go on arriving while the long jobs let the event loop run:
+// whatever becomes of the job, every packet that arrived is in the file
+// once, after the job's own writes, in the order it came.
 #include "job_fixture.h"
 
+#include "depth/geo_edit.h"
 #include "store/lifecycle.h"
 
 #include <QTimer>
+#include <functional>
 
-using depthtest::At;
 using depthtest::JobTest;
-using depthtest::Packet;
-using depthtest::RowAt;
 
 namespace {
-
-// Saves a packet at every turn of the event loop while it runs.
-class Feeder {
-  public:
-    explicit Feeder(std::function<void()> save) {
-        timer_.setInterval(0);
-        QObject::connect(&timer_, &QTimer::timeout, [this, save] {
-            save();
-            ++sent;
-        });
-        timer_.start();
-    }
-    ~Feeder() { timer_.stop(); }
-    int sent = 0;
-
-  private:
-    QTimer timer_;
-};
-
-} // namespace
 
 class PacketsDuringJobs : public JobTest {
   protected:
     // n records with wrong IDs (the bulk rows carry their packet number),
     // strokes rising 10 a record, depth 0.1 ft a record.
-    void fill(int n) {
-        std::vector<depthtest::Row> rows;
-        for (int i = 0; i < n; ++i) rows.push_back(RowAt(1000 + i * 0.1).count(1000 + 10.0 * i));
-        bulk(rows);
-    }
-    // The job's write of one record fails from now on.
-    void failUpdateOf(const char* column, long packetNum) {
-        exec(QString("CREATE TRIGGER stop_job BEFORE UPDATE OF %1 ON OMBRI_DB_010 "
-                     "WHEN OLD.PACKET_NUM = %2 BEGIN SELECT RAISE(ABORT, 'stopped'); END")
-                 .arg(column)
-                 .arg(packetNum));
-    }
-    void expectEveryPacketKept(int before, int sent, long firstLive) {
+    void fill(int n) { bulk(n, "1000 + i * 0.1", "1", "1000 + 10 * i"); }
+
+    // Runs the job while a packet is saved at every turn of the event loop,
+    // checks that each of them is kept, and gives how many came while an
+    // edit held the writer back.
+    int feedWhile(const std::function<void()>& run) {
+        const QString firstLive = QString::number(packet);
+        const long long before = testkit::RawDb(job).rows();
+        int sent = 0, held = 0;
+        QTimer timer;
+        timer.setInterval(0);
+        QObject::connect(&timer, &QTimer::timeout, [&] {
+            held += ws.db.writesHeld ? 1 : 0;
+            save({.depth = 2000});
+            ++sent;
+        });
+        timer.start();
+        run();
+        timer.stop();
+
         EXPECT_GT(sent, 0) << "no packet arrived while the job ran";
         EXPECT_EQ(logged("DB Write Err"), 0);
-        // Each live packet number is there once.
-        const auto packets = column("PACKET_NUM");
-        EXPECT_EQ(packets.size(), size_t(before + sent));
-        for (long n = firstLive; n < firstLive + sent; ++n)
-            EXPECT_EQ(std::count_if(packets.begin(), packets.end(),
-                                    [n](const db::Variant& v) { return v.toInt64() == n; }),
-                      1)
-                << n;
         EXPECT_EQ(ws.loop.yieldsHoldingWriteLock, 0);
+        testkit::RawDb raw(job);
+        EXPECT_EQ(raw.rows(), before + sent);
+        // Each live packet once (the packet number is unique), stored in the
+        // order it came: row id and packet number rise together.
+        EXPECT_EQ(raw.number("SELECT count(*) FROM OMBRI_DB_010 WHERE PACKET_NUM >= " + firstLive),
+                  sent);
+        EXPECT_EQ(raw.number("SELECT count(*) FROM OMBRI_DB_010 a JOIN OMBRI_DB_010 b ON b.rowid "
+                             "= a.rowid + 1 WHERE a.PACKET_NUM >= " +
+                             firstLive + " AND b.PACKET_NUM <> a.PACKET_NUM + 1"),
+                  0);
+        return held;
     }
 };
 
 TEST_F(PacketsDuringJobs, AReindexThatFailsMidwayKeepsEveryPacketThatArrived) {
-    const int n = 6000;
-    fill(n);
-    const long firstLive = packet;
+    fill(6000);
     // The re-index commits every thousand records and lets the loop run
     // between; it fails on the 4500th.
     failUpdateOf("ID", 1000 + 4500);
-    QString path = this->path;
-    int sent = 0;
-    {
-        Feeder feed([this] { save(At(2000)); });
-        store::VerifyDatabase(ws, path);
-        sent = feed.sent;
-    }
-    expectEveryPacketKept(n, sent, firstLive);
+    QString path = job;
+    feedWhile([&] { store::VerifyDatabase(ws, path); });
     EXPECT_EQ(logged("Open DB Err: "), 1);
     // What the re-index committed before the failure stands, and nothing
     // after it (the bulk rows came with ID 1001 on).
@@ -88,17 +69,11 @@ TEST_F(PacketsDuringJobs, AReindexThatFailsMidwayKeepsEveryPacketThatArrived) {
 }
 
 TEST_F(PacketsDuringJobs, ALagPassThatFailsMidwayKeepsEveryPacketAndItsCommittedBatches) {
-    const int n = 40000;
-    fill(n);
-    const long firstLive = packet;
+    fill(40000);
     // The pass walks from the newest record back (to about the 5000th,
     // where the gas of the first record comes up); it fails half way.
     failUpdateOf("LAG_GU", 1000 + 20001);
-    {
-        Feeder feed([this] { save(At(2000)); });
-        strokesPass("1000");
-        expectEveryPacketKept(n, feed.sent, firstLive);
-    }
+    feedWhile([&] { strokesPass("1000"); });
     EXPECT_EQ(logged("Recalculate Lag Err: "), 1) << "the pass did not reach the failure";
     EXPECT_FALSE(ws.db.Gdb_busy);
     // The batches written before the failure are kept: newer records than
@@ -107,21 +82,25 @@ TEST_F(PacketsDuringJobs, ALagPassThatFailsMidwayKeepsEveryPacketAndItsCommitted
     EXPECT_FALSE(at("LAG_GU", 20000).has_value());
 }
 
-TEST_F(PacketsDuringJobs, TheStrokeRepairPassesOverARowItCannotWriteAndStillReports) {
-    ws.depth.Gtotal_strokes = 0;
-    for (int i = 0; i < 20; ++i) save(Packet().pumps(100));
-    exec("UPDATE OMBRI_DB_010 SET TOTAL_STROKES = 5");
-    failUpdateOf("TOTAL_STROKES", 1010);
-    depth::Fix_total_strokes(ws);
-    const auto total = column("TOTAL_STROKES");
-    // 5 + 10 a record; the refused row keeps its old count, and the rows
-    // after it are rebuilt all the same.
-    for (int i = 0; i < 20; ++i) EXPECT_EQ(num(total[i]), i == 9 ? 5 : 5 + 10 * (i + 1)) << i;
-    EXPECT_EQ(logged("Total Strokes Fixed"), 1);
-    EXPECT_FALSE(ws.db.Gdb_busy);
-
-    // An empty job: nothing to go through, and still the message.
-    exec("DELETE FROM OMBRI_DB_010");
-    depth::Fix_total_strokes(ws);
-    EXPECT_EQ(logged("Total Strokes Fixed"), 2);
+TEST_F(PacketsDuringJobs, ARestoreAllThatFailsOrCommitsStoresEveryPacketAfterItOnceInOrder) {
+    const int n = 40000;
+    fill(n);
+    exec("UPDATE OMBRI_DB_010 SET DEPTH_RAW = DEPTH - 500");
+    // The restore's write of the 30,000th record fails the first time.
+    failUpdateOf("DEPTH", 1001 + 30000);
+    for (const long long restored : {0, n}) {
+        SCOPED_TRACE(restored);
+        dialogs.answers.push_back(platform::Answer::Yes);
+        EXPECT_GT(feedWhile([&] { depth::cmd_restore_all_geo_Click(ws); }), 0)
+            << "the loop never ran inside the edit";
+        EXPECT_EQ(
+            testkit::RawDb(job).number(
+                "SELECT count(*) FROM OMBRI_DB_010 WHERE DEPTH = DEPTH_RAW AND PACKET_NUM < " +
+                QString::number(1001 + n)),
+            restored);
+        exec("DROP TRIGGER IF EXISTS stop_job");
+    }
+    EXPECT_EQ(logged("Restore All Err: "), 1);
 }
+
+} // namespace

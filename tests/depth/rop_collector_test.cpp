@@ -9,16 +9,11 @@ using namespace depth;
 
 namespace {
 
-RopRecord Rec(double depth, double gas, double minFt = 2) {
+RopRecord Rec(double depth, double gas) {
     RopRecord r;
     r.depth = depth;
     r.gasUnits = gas;
-    r.minFt = minFt;
-    for (auto& g : r.gas) g = 0.0;
     r.o2 = 20.9;
-    r.co2 = 0.1;
-    r.h2s = 0;
-    r.dt = QDateTime(QDate(2026, 11, 1), QTime(6, 0));
     return r;
 }
 

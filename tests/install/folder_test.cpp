@@ -2,6 +2,7 @@
 // fills that folder and an update leaves it alone, and what a start says
 // when it cannot take its lock.
 #include "acquisition/startup.h"
+#include "file_bytes.h"
 #include "platform/folder_choice.h"
 #include "program_folder.h"
 #include "scripted_dialogs.h"
@@ -16,18 +17,10 @@
 using platform::ChooseProgramFolder;
 using platform::FillFromShared;
 
+using testkit::ReadFile;
+using testkit::WriteFile;
+
 namespace {
-
-bool Write(const QString& path, const QByteArray& text) {
-    QDir().mkpath(QFileInfo(path).path());
-    QFile f(path);
-    return f.open(QIODevice::WriteOnly) && f.write(text) == text.size();
-}
-
-QByteArray Read(const QString& path) {
-    QFile f(path);
-    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
-}
 
 // A folder this user can't write: root writes anywhere it may, but not
 // into /proc.
@@ -79,9 +72,9 @@ TEST(FolderChoice, FirstStartFillsTheFolderAndAnUpdateOnlyAddsWhatIsMissing) {
     QTemporaryDir scratch;
     const QString shared = scratch.path() + "/share/gaschart";
     const QString folder = scratch.path() + "/data/gaschart";
-    ASSERT_TRUE(Write(shared + "/WITSconfig_V10.txt", "names v1"));
-    ASSERT_TRUE(Write(shared + "/V11_DEMO.DB", "demo v1"));
-    ASSERT_TRUE(Write(shared + "/OMBRI_010_BLANK.db", "blank v1"));
+    ASSERT_TRUE(WriteFile(shared + "/WITSconfig_V10.txt", "names v1"));
+    ASSERT_TRUE(WriteFile(shared + "/V11_DEMO.DB", "demo v1"));
+    ASSERT_TRUE(WriteFile(shared + "/OMBRI_010_BLANK.db", "blank v1"));
     // The package carries the demonstration job once: DB_CUE holds a link.
     QDir().mkpath(shared + "/DB_CUE");
     ASSERT_TRUE(QFile::link("../V11_DEMO.DB", shared + "/DB_CUE/V11_DEMO.DB"));
@@ -97,20 +90,20 @@ TEST(FolderChoice, FirstStartFillsTheFolderAndAnUpdateOnlyAddsWhatIsMissing) {
     EXPECT_TRUE(job.isWritable());
 
     // The user works: a changed job and item file, one file removed.
-    ASSERT_TRUE(Write(folder + "/DB_CUE/V11_DEMO.DB", "two days of the user's rows"));
-    ASSERT_TRUE(Write(folder + "/WITSconfig_V10.txt", "names the user edited"));
+    ASSERT_TRUE(WriteFile(folder + "/DB_CUE/V11_DEMO.DB", "two days of the user's rows"));
+    ASSERT_TRUE(WriteFile(folder + "/WITSconfig_V10.txt", "names the user edited"));
     ASSERT_TRUE(QFile::remove(folder + "/OMBRI_010_BLANK.db"));
 
     // An update brings new versions and a new file.
     QFile::setPermissions(shared + "/WITSconfig_V10.txt", QFile::WriteOwner | QFile::ReadOwner);
-    ASSERT_TRUE(Write(shared + "/WITSconfig_V10.txt", "names v2"));
-    ASSERT_TRUE(Write(shared + "/templates/NEW.TXT", "new in v2"));
+    ASSERT_TRUE(WriteFile(shared + "/WITSconfig_V10.txt", "names v2"));
+    ASSERT_TRUE(WriteFile(shared + "/templates/NEW.TXT", "new in v2"));
     EXPECT_EQ(FillFromShared(shared, folder),
               (QStringList{"OMBRI_010_BLANK.db", "templates/NEW.TXT"}));
-    EXPECT_EQ(Read(folder + "/DB_CUE/V11_DEMO.DB"), "two days of the user's rows");
-    EXPECT_EQ(Read(folder + "/WITSconfig_V10.txt"), "names the user edited");
-    EXPECT_EQ(Read(folder + "/OMBRI_010_BLANK.db"), "blank v1");
-    EXPECT_EQ(Read(folder + "/templates/NEW.TXT"), "new in v2");
+    EXPECT_EQ(ReadFile(folder + "/DB_CUE/V11_DEMO.DB"), "two days of the user's rows");
+    EXPECT_EQ(ReadFile(folder + "/WITSconfig_V10.txt"), "names the user edited");
+    EXPECT_EQ(ReadFile(folder + "/OMBRI_010_BLANK.db"), "blank v1");
+    EXPECT_EQ(ReadFile(folder + "/templates/NEW.TXT"), "new in v2");
     // No half copies left about, and nothing to do the next time.
     EXPECT_FALSE(QFileInfo::exists(folder + "/templates/NEW.TXT.part"));
     EXPECT_EQ(FillFromShared(shared, folder), QStringList());
@@ -167,7 +160,7 @@ TEST(MovedJob, AJobNamedInTheSettingsThatMovedAwayIsNotFoundNotACrash) {
     };
     for (const Case& c : cases) {
         ASSERT_TRUE(
-            Write(folder.file("OM_10_config.txt"), "[DB FILE DIR] " + c.job.toUtf8() + "\r\n"));
+            WriteFile(folder.file("OM_10_config.txt"), "[DB FILE DIR] " + c.job.toUtf8() + "\r\n"));
         testkit::ScriptedDialogs dialogs;
         {
             testkit::WiredWorkstation ws(folder.path(), &dialogs);

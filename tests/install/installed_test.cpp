@@ -1,11 +1,11 @@
 // The program as a package installs it, started as a user who may not write
 // the prefix (nobody): its settings, logs and jobs land in the user's data
 // folder and a second start is refused by the lock.
+#include "file_bytes.h"
 #include "raw_db.h"
 #include "simulator.h"
 
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <QProcess>
 #include <QStandardPaths>
@@ -22,11 +22,6 @@ namespace {
 bool GiveTo(const QString& dir, uid_t uid, gid_t gid) {
     return QDir().mkpath(dir) && ::chown(qPrintable(dir), uid, gid) == 0 &&
            ::chmod(qPrintable(dir), 0700) == 0;
-}
-
-QByteArray Read(const QString& path) {
-    QFile f(path);
-    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
 }
 
 class Installed : public ::testing::Test {
@@ -159,7 +154,7 @@ TEST_F(Installed, KeepsTheUsersFilesInTheDataFolderAndRefusesASecondCopy) {
                                "program running in memory.  This one will now close"))
         << twice.toStdString();
     ASSERT_TRUE(Stop(first)) << first.readAll().toStdString();
-    const QString settings = QString::fromLatin1(Read(folder + "/OM_10_config.txt"));
+    const QString settings = QString::fromLatin1(testkit::ReadFile(folder + "/OM_10_config.txt"));
     EXPECT_TRUE(settings.contains("[DB FILE DIR] " + job)) << settings.toStdString();
     EXPECT_EQ(testkit::RawDb(job, testkit::RawDb::Access::ReadOnly).integrity(), "ok");
     // Nothing of the user's in the program's folder.

@@ -2,8 +2,7 @@
 # Reads LAS files with an independent LAS 2.0 reader (the npm package
 # las-js, installed into a folder of its own on first use) and prints, per
 # file, the number of curves, of data rows and the width of the first row.
-# Without npm (or with no network) it says "unavailable" and exits 3, and
-# the caller checks the row widths itself.
+# Without npm (or with no network) it says "unavailable" and exits 3.
 set -e
 cache="${LASJS_DIR:-${TMPDIR:-/tmp}/gaschart-lasjs}"
 if [ ! -d "$cache/node_modules/las-js" ]; then

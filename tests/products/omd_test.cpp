@@ -1,8 +1,7 @@
 // OMD and CSV export of the small job, and the import's merge rules.
+#include "file_bytes.h"
 #include "products/omd.h"
 #include "products_fixture.h"
-
-#include <QTextStream>
 
 using productstest::ProductsTest;
 
@@ -11,12 +10,6 @@ namespace {
 // Record 1001 in the column order of the text forms; Null columns empty.
 const QByteArray kRecord1001 = "1001,KW1042,11/01/2026,06:00:00,,1000.2,10,4,2,1,0.5,0.5,20.9,0.5,"
                                ",,2,30,,,,,,,,,0,0,,,,,,,,,,50,,,0,0,";
-
-void Write(const QString& path, const QByteArray& text) {
-    QFile f(path);
-    ASSERT_TRUE(f.open(QIODevice::WriteOnly));
-    f.write(text);
-}
 
 } // namespace
 
@@ -51,13 +44,6 @@ TEST_F(ProductsTest, ExportWritesEveryRecordInPacketOrder) {
 
 TEST_F(ProductsTest, ImportMergesByPacketAndRefusesWhatIsNoRecord) {
     smallJob();
-    products::ExportRecords(ws, outFile("job.OMD"), products::TextForm::Omd);
-    // The same records again: all duplicates, nothing changes.
-    auto n = products::Import_OMD_file(ws, outFile("job.OMD"));
-    EXPECT_EQ(n.skipped, 6);
-    EXPECT_EQ(rows(), 6);
-    EXPECT_TRUE(ws.fm_help.txt_help.text().contains("The files have been imported\r\n"));
-
     struct Case {
         const char* what;
         QByteArray text;
@@ -70,11 +56,11 @@ TEST_F(ProductsTest, ImportMergesByPacketAndRefusesWhatIsNoRecord) {
         {"non-numbers and empty fields",
          "#,2004,KW1042,11/01/2026,06:01:06,,abc,12x,4,2,1,0.5,0.5,20.9,0.5,,,2,30,,,,,,,,,0,0,,,,"
          ",,,,,,50,,,0,0,\r\n",
-         1, 0, 0, "The files have been imported"},
+         1, 0, 0, "The files have been imported\r\n"},
         {"a duplicate among new ones",
          "#," + kRecord1001 + "\r\n#,2005,KW1042,11/01/2026,06:01:12" + QByteArray(38, ',') +
              "\r\n",
-         1, 1, 0, "The files have been imported"},
+         1, 1, 0, "The files have been imported\r\n"},
         {"instrument lines",
          "@,261101,060118,2006,1010.5,1010,15,20.9,0.1,2.5,7,1,0,5,2,1,0.5,0.5,"
          "40,110,0.5,180\r\n@,261101,060124,2007,1011,1011\r\n",
@@ -82,9 +68,9 @@ TEST_F(ProductsTest, ImportMergesByPacketAndRefusesWhatIsNoRecord) {
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.what);
-        Write(outFile("in.OMD"), c.text);
+        ASSERT_TRUE(testkit::WriteFile(outFile("in.OMD"), c.text));
         ws.fm_help.txt_help.setText("");
-        n = products::Import_OMD_file(ws, outFile("in.OMD"));
+        const auto n = products::Import_OMD_file(ws, outFile("in.OMD"));
         EXPECT_EQ(n.added, c.added);
         EXPECT_EQ(n.skipped, c.skipped);
         EXPECT_EQ(n.refused, c.refused);
@@ -107,8 +93,9 @@ TEST_F(ProductsTest, ImportMergesByPacketAndRefusesWhatIsNoRecord) {
 TEST_F(ProductsTest, TheForcedImportNumbersInstrumentLinesByTheRunningCount) {
     smallJob();
     // An instrument that restarted its count: both lines say packet 1.
-    Write(outFile("in.OMD"), "@,261102,070000,1,1100,1100,5,20.9,0.1,2,0,0,0,1,1,1,1,1,10,90\r\n"
-                             "@,261102,070006,1,1101,1101,6,20.9,0.1,2,0,0,0,1,1,1,1,1,10,90\r\n");
+    ASSERT_TRUE(testkit::WriteFile(
+        outFile("in.OMD"), "@,261102,070000,1,1100,1100,5,20.9,0.1,2,0,0,0,1,1,1,1,1,10,90\r\n"
+                           "@,261102,070006,1,1101,1101,6,20.9,0.1,2,0,0,0,1,1,1,1,1,10,90\r\n"));
     auto n = products::Import_OMD_file(ws, outFile("in.OMD"));
     EXPECT_EQ(n.added, 1);
     EXPECT_EQ(n.skipped, 1) << "the second packet 1 is a duplicate";
@@ -123,10 +110,11 @@ TEST_F(ProductsTest, TheForcedImportNumbersInstrumentLinesByTheRunningCount) {
     // A date the record cannot carry ends the run with its error; what came
     // before it stays.
     ws.fm_Gas_Chart.CK_Import_OMD.setChecked(false);
-    Write(outFile("bad.OMD"), "#,3001,KW1042,11/01/2026,06:02:00" + QByteArray(38, ',') +
-                                  "\r\n#,3002,KW1042,13/45/2026,06:02:06" + QByteArray(38, ',') +
-                                  "\r\n#,3003,KW1042,11/01/2026,06:02:12" + QByteArray(38, ',') +
-                                  "\r\n");
+    ASSERT_TRUE(testkit::WriteFile(
+        outFile("bad.OMD"), "#,3001,KW1042,11/01/2026,06:02:00" + QByteArray(38, ',') +
+                                "\r\n#,3002,KW1042,13/45/2026,06:02:06" + QByteArray(38, ',') +
+                                "\r\n#,3003,KW1042,11/01/2026,06:02:12" + QByteArray(38, ',') +
+                                "\r\n"));
     n = products::Import_OMD_file(ws, outFile("bad.OMD"));
     EXPECT_EQ(n.added, 1);
     EXPECT_TRUE(

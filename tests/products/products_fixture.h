@@ -1,6 +1,5 @@
 #pragma once
-// A workstation over a temporary program folder with a small job whose
-// every value is known, and the helpers the file tests share.
+// A workstation with a small job whose every value is known.
 
 #include "raw_db.h"
 #include "test_station.h"
@@ -44,25 +43,18 @@ class ProductsTest : public ::testing::Test, protected testkit::Station {
     }
 
     QString outFile(const QString& name) const { return out + "/" + name; }
-    QByteArray bytes(const QString& name) const {
-        QFile f(outFile(name));
+    static QByteArray contents(const QString& path) {
+        QFile f(path);
         return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
     }
+    QByteArray bytes(const QString& name) const { return contents(outFile(name)); }
     bool exists(const QString& name) const { return QFile::exists(outFile(name)); }
     // Lines of a file split at CR LF.
     QList<QByteArray> lines(const QString& name) const {
         QList<QByteArray> l;
-        QByteArray b = bytes(name);
-        qsizetype at = 0;
-        while (true) {
-            const qsizetype end = b.indexOf("\r\n", at);
-            if (end < 0) {
-                l << b.mid(at);
-                return l;
-            }
-            l << b.mid(at, end - at);
-            at = end + 2;
-        }
+        for (const QString& line : QString::fromLatin1(bytes(name)).split("\r\n"))
+            l << line.toLatin1();
+        return l;
     }
     int logged(const QString& text) const {
         return static_cast<int>(folder.read("ERR_LOG.TXT").count(text));

@@ -1,5 +1,4 @@
-// A small job whose every figure was worked out by hand from the report's
-// rules, compared with the report line by line.
+// A job whose every figure was worked out by hand, against the report.
 #include "stats_fixture.h"
 
 namespace {

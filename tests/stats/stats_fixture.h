@@ -86,12 +86,6 @@ class Job : public testkit::Station {
             if (l.contains(" -- ")) out << l.mid(l.indexOf(" -- ") + 4);
         return out;
     }
-    // The lines of the report from the one that starts with `first`, `count`
-    // of them.
-    static QStringList from(const QStringList& l, const QString& first, int count) {
-        const qsizetype at = l.indexOf(first);
-        return at < 0 ? QStringList{} : l.mid(at, count);
-    }
     // The tally's lines: those that start with an entry number.
     static QStringList tally(const QStringList& l) {
         QStringList out;

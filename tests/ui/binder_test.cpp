@@ -6,15 +6,14 @@
 #include "ui/option_group.h"
 
 #include <QCheckBox>
-#include <QCoreApplication>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
-#include <QMouseEvent>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScrollBar>
 #include <QTabWidget>
 #include <gtest/gtest.h>
 
@@ -51,8 +50,7 @@ TEST(Binder, ButtonsAndLabelsTakeTheirColourAndTextNeverVanishesIntoItsGround) {
     EXPECT_EQ(l->palette().color(QPalette::WindowText), QColor(Qt::white));
 }
 
-// Typing and Enter reach their handlers in views_test; here the program's
-// own writes run none, and leaving a box commits it.
+// Typing and Enter reach their handlers in views_test.
 TEST(Binder, TextBoxCommitsOnLeavingAndNotOnTheProgramsWrites) {
     Host host;
     Control c("txt_refresh_timer");
@@ -63,16 +61,15 @@ TEST(Binder, TextBoxCommitsOnLeavingAndNotOnTheProgramsWrites) {
               .commit = [&] { calls << "commit:" + c.text(); },
               .change = [&] { calls << "change:" + c.text(); }});
     c.setText("10");
-    EXPECT_EQ(e->text(), "10");
     EXPECT_TRUE(calls.isEmpty());
     uitest::type(e, "0");
     uitest::leave(e);
     EXPECT_EQ(calls, QStringList({"change:100", "commit:100"}));
 }
 
-// A press on each reaches its handler in views_test; here the program's
-// value reaches the screen, and the options of one frame are one choice.
-TEST(Binder, CheckBoxOptionAndOptionGroupShowTheModelsValue) {
+// A press on each reaches its handler in views_test; here the options of
+// one frame are one choice, and the model's values reach the screen.
+TEST(Binder, ChoicesListsLabelsAndTabsShowTheModelsValue) {
     Host host;
     Control box("ck_Use_TCP", "Use Ethernet");
     int clicks = 0;
@@ -103,11 +100,7 @@ TEST(Binder, CheckBoxOptionAndOptionGroupShowTheModelsValue) {
     EXPECT_EQ(og->button(2)->text(), "Space");
     group.setValue(3);
     EXPECT_EQ(og->chosen(), 3);
-}
 
-// A frame's words follow the model in views_test (the metric box).
-TEST(Binder, ListLabelAndTabsFollowTheModel) {
-    Host host;
     Control list("wits_info");
     auto* lw = new QListWidget(&host.window);
     ui::bind(lw, list);
@@ -155,6 +148,7 @@ TEST(Binder, TerminalShowsTheLogWithTheNewestLineInViewAndTheTextAreaWritesBack)
         c.setText(log);
     }
     EXPECT_EQ(t->textCursor().position(), t->document()->characterCount() - 1);
+    EXPECT_EQ(t->verticalScrollBar()->value(), t->verticalScrollBar()->maximum());
     // A cut log (the model keeps its tail) is shown as cut.
     c.setText(log.right(100));
     EXPECT_EQ(t->toPlainText(), log.right(100).replace("\r\n", "\n"));
@@ -180,7 +174,6 @@ TEST(Binder, AGoneWidgetAThrowingHandlerAndAStrayClickLeaveTheScreenUp) {
     c.setIndex(6);
     auto* e = new QLineEdit;
     ui::bind(e, c);
-    EXPECT_EQ(e->objectName(), "txt_data_6");
     delete e;
     c.setText("1550");
     c.setVisible(false);
@@ -196,15 +189,8 @@ TEST(Binder, AGoneWidgetAThrowingHandlerAndAStrayClickLeaveTheScreenUp) {
     t->setReadOnly(true);
     int clicks = 0;
     ui::bind(t, raw, {.dblClick = [&] { ++clicks; }});
-    QWidget* area = t->viewport();
-    const QPointF at(5, 5);
-    auto send = [&](QEvent::Type type, Qt::MouseButton b) {
-        QMouseEvent e(type, at, area->mapToGlobal(at), b, b, Qt::NoModifier);
-        QCoreApplication::sendEvent(area, &e);
-    };
-    send(QEvent::MouseButtonPress, Qt::LeftButton);
-    send(QEvent::MouseButtonDblClick, Qt::RightButton);
+    uitest::doubleClick(t->viewport(), Qt::RightButton);
     EXPECT_EQ(clicks, 0);
-    send(QEvent::MouseButtonDblClick, Qt::LeftButton);
+    uitest::doubleClick(t->viewport(), Qt::LeftButton);
     EXPECT_EQ(clicks, 1);
 }

@@ -53,7 +53,7 @@ void typeAndAccept(QFileDialog* d, const QString& name) {
 
 } // namespace
 
-TEST(Dialogs, AYesNoBoxShowsTitleAndTextAndGivesTheAnswer) {
+TEST(Dialogs, MessageAndColourBoxesShowWhatIsAskedAndGiveTheAnswer) {
     ui::WidgetDialogs dialogs;
     QString title, text;
     answerWhenShown<QMessageBox>([&](QMessageBox* box) {
@@ -75,6 +75,21 @@ TEST(Dialogs, AYesNoBoxShowsTitleAndTextAndGivesTheAnswer) {
                              platform::Buttons::Ok, "OOPS! COPY ALLREADY LOADED",
                              platform::Icon::Stop),
               platform::Answer::Ok);
+
+    // The colour box starts on the colour; the choice has red in the low byte.
+    QColor start;
+    answerWhenShown<QColorDialog>([&](QColorDialog* d) {
+        title = d->windowTitle();
+        start = d->currentColor();
+        d->setCurrentColor(QColor(0, 0, 255));
+        static_cast<QDialog*>(d)->accept();
+    });
+    EXPECT_EQ(dialogs.PickColor("SELECT New Color", 33023), 0xFF0000);
+    EXPECT_EQ(title, "SELECT New Color");
+    EXPECT_EQ(start, QColor(255, 128, 0));
+
+    answerWhenShown<QColorDialog>([](QColorDialog* d) { d->reject(); });
+    EXPECT_EQ(dialogs.PickColor("SELECT New Color", 255), std::nullopt);
 }
 
 TEST(Dialogs, FileDialogsStartInTheFolderWithTheProgramsFilterAndReturnTheChoice) {
@@ -115,22 +130,4 @@ TEST(Dialogs, FileDialogsStartInTheFolderWithTheProgramsFilterAndReturnTheChoice
               QStringList({"LAS file (*.las *.LAS)"}));
     EXPECT_EQ(ui::dialogFilters("Just words"), QStringList());
     EXPECT_EQ(ui::dialogPath("C:\\gas\\DB_CUE\\"), "C:/gas/DB_CUE");
-}
-
-TEST(Dialogs, TheColourDialogStartsOnTheColourAndGivesRedInTheLowByte) {
-    ui::WidgetDialogs dialogs;
-    QColor start;
-    QString title;
-    answerWhenShown<QColorDialog>([&](QColorDialog* d) {
-        title = d->windowTitle();
-        start = d->currentColor();
-        d->setCurrentColor(QColor(0, 0, 255));
-        static_cast<QDialog*>(d)->accept();
-    });
-    EXPECT_EQ(dialogs.PickColor("SELECT New Color", 33023), 0xFF0000);
-    EXPECT_EQ(title, "SELECT New Color");
-    EXPECT_EQ(start, QColor(255, 128, 0));
-
-    answerWhenShown<QColorDialog>([](QColorDialog* d) { d->reject(); });
-    EXPECT_EQ(dialogs.PickColor("SELECT New Color", 255), std::nullopt);
 }

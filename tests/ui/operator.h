@@ -46,4 +46,15 @@ inline void release(QWidget* w, Qt::MouseButton button, QPoint at = {5, 5}) {
     QApplication::sendEvent(w, &e);
 }
 
+// Press and release, then the second press the toolkit reports as a double
+// click, and its release.
+inline void doubleClick(QWidget* w, Qt::MouseButton button, QPoint at = {5, 5}) {
+    press(w, button, at);
+    release(w, button, at);
+    QMouseEvent twice(QEvent::MouseButtonDblClick, at, w->mapToGlobal(at), button, button,
+                      Qt::NoModifier);
+    QApplication::sendEvent(w, &twice);
+    release(w, button, at);
+}
+
 } // namespace uitest

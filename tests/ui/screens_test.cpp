@@ -1,11 +1,9 @@
-// Every screen rendered at the two screen sizes of the logging unit, saved as
-// pictures beside the build for a person to look at, and checked for words
+// Every screen at the two screen sizes of the logging unit, checked for words
 // that do not fit their control.
 #include "acquisition/live_fields.h"
 #include "acquisition/parser.h"
 #include "station.h"
 #include "tools/common/drilling_model.h"
-#include "ui/chart_canvas.h"
 #include "ui/setup_view.h"
 
 #include <QAbstractButton>
@@ -19,8 +17,6 @@
 using uitest::Station;
 
 namespace {
-
-using uitest::shoot;
 
 const QSize kScreens[] = {{1366, 768}, {1920, 1080}};
 
@@ -80,7 +76,7 @@ void feedPackets(Workstation& ws, int count) {
 
 } // namespace
 
-TEST(Screens, EveryScreenFitsItsWordsAtBothSizesAndIsSavedForALook) {
+TEST(Screens, EveryScreenFitsItsWordsAtBothSizes) {
     Station st;
     ASSERT_TRUE(st.loaded);
     // An hour of drilling through the parser, as the instrument sends it.
@@ -93,13 +89,6 @@ TEST(Screens, EveryScreenFitsItsWordsAtBothSizesAndIsSavedForALook) {
         st.main()->resize(screen * 0.92);
         uitest::settle();
         EXPECT_EQ(said(clipped(st.main())), "") << "main " << at.toStdString();
-        // The control box floats wholly on the chart, at its own place.
-        const ui::ChartCanvas* canvas = st.main()->canvas();
-        const auto* frame6 = st.widgetOf("fm_Gas_Chart", "Frame6");
-        EXPECT_TRUE(canvas->rect().contains(frame6->geometry())) << at.toStdString();
-        const QPointF place(st.ws.fm_Gas_Chart.Frame6.left(), st.ws.fm_Gas_Chart.Frame6.top());
-        EXPECT_LE((canvas->toPixels(place) - frame6->pos()).manhattanLength(), 2);
-        shoot(st.main(), "fm_Gas_Chart_" + at);
 
         for (const char* panel : {"more_data", "fm_help", "fm_WITS", "fm_secure"}) {
             ui::PanelWindow* w = st.window(panel);
@@ -108,7 +97,6 @@ TEST(Screens, EveryScreenFitsItsWordsAtBothSizesAndIsSavedForALook) {
             uitest::settle();
             EXPECT_LE(w->minimumSizeHint().width(), screen.width()) << panel;
             EXPECT_EQ(said(clipped(w)), "") << panel << " " << at.toStdString();
-            shoot(w, QString(panel) + "_" + at);
             w->panel().form.setVisible(false);
         }
 
@@ -118,13 +106,14 @@ TEST(Screens, EveryScreenFitsItsWordsAtBothSizesAndIsSavedForALook) {
         QTabWidget* tabs = setup->tabs();
         for (int i = 0; i < tabs->count(); ++i) {
             tabs->setCurrentIndex(i);
+            // Drawn as on screen: a page shown for the first time is laid out.
+            setup->grab();
             uitest::settle();
             const QString tab = tabs->tabText(i);
             EXPECT_EQ(said(clipped(tabs->currentWidget())), "")
                 << tab.toStdString() << " " << at.toStdString();
             EXPECT_FALSE(scrollsSideways(tabs->currentWidget()))
                 << tab.toStdString() << " " << at.toStdString();
-            shoot(setup, "fm_setup_" + QString::number(i) + "_" + tab + "_" + at);
         }
         setup->panel().form.setVisible(false);
     }

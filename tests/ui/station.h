@@ -1,6 +1,6 @@
 #pragma once
 // The test station with its desktop built over it, started as the program
-// starts it, and pictures of its screens saved beside the build for a look.
+// starts it.
 
 #include "acquisition/startup.h"
 #include "test_station.h"
@@ -9,9 +9,7 @@
 #include "ui/panel_window.h"
 
 #include <QCoreApplication>
-#include <QDir>
 #include <QWidget>
-#include <gtest/gtest.h>
 
 namespace uitest {
 
@@ -35,13 +33,6 @@ struct Station : testkit::Station {
 
 inline void settle() {
     for (int i = 0; i < 5; ++i) QCoreApplication::processEvents();
-}
-
-inline void shoot(QWidget* w, const QString& name) {
-    settle();
-    const QString dir = QStringLiteral(GASCHART_BINARY_DIR "/ui-shots");
-    QDir().mkpath(dir);
-    EXPECT_TRUE(w->grab().save(dir + "/" + name + ".png")) << name.toStdString();
 }
 
 } // namespace uitest

@@ -1,7 +1,5 @@
 // The rig data recorder simulator on one end of a socat pair, the
-// workstation on the other: the workstation finds it, shows its values,
-// sends a frame of gas results back per instrument packet, and what the
-// simulator recorded matches what the job stored, frame by frame.
+// workstation on the other.
 #include "wits_fixture.h"
 
 #include "acquisition/parser.h"
@@ -50,7 +48,6 @@ class EndToEnd : public WitsTest {
 
 TEST_F(EndToEnd, TheRecorderStreamsAndGetsOneFramePerStoredPacket) {
     connect({"--rate", "2", "--start-depth", "5000"});
-    EXPECT_GE(sim->count("PROBE"), 1);
 
     // The stream's values reach the slots and the bit depth label.
     ASSERT_TRUE(testkit::PumpUntil(3000, [&] { return slot(1) >= 5000; }));

@@ -11,8 +11,7 @@ class Receive : public WitsTest {};
 TEST_F(Receive, ItemLinesByLengthCodeAndValue) {
     struct Case {
         const char* line;
-        // The list line's code and value around the item file's name;
-        // nullptr when the line is skipped.
+        // The list line's code and value; nullptr when the line is skipped.
         const char *code, *shown;
         int slot; // -1: no slot written
         double stored;
@@ -34,7 +33,6 @@ TEST_F(Receive, ItemLinesByLengthCodeAndValue) {
         ws.wits.Gwits_alive = 60;
         ws.wits.WITS_in_buffer = "\r\n&&\r\n" + QString(c.line) + "\r\n!!\r\n";
         wits::Parse_WITS_String(ws);
-        EXPECT_TRUE(ws.wits.WITS_in_buffer.isEmpty());
         ASSERT_EQ(list().size(), c.code ? 1 : 0);
         if (c.code) {
             EXPECT_TRUE(list()[0].startsWith(c.code + QString("  ")) &&
@@ -140,7 +138,6 @@ TEST_F(Receive, FootCountingGivesTheRateFromSecondsOnBottom) {
         {0, "150001000000", INT32_MAX, 3.33, 18},
         {0, "5000", 5000, 3.33, 18},
         {0, "-150001000000", INT32_MIN, 3.33, 18},
-        {0, "4700", 4700, 3.33, 18},
     };
     for (const Step& s : steps) {
         SCOPED_TRACE(s.hole);

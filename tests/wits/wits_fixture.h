@@ -1,7 +1,6 @@
 #pragma once
-// A workstation over a temporary program folder, with the shipped WITS item
-// file, for the WITS gateway's tests; frames built with the gateway's own
-// writer, and a serial line to play the recorder on.
+// A workstation with the shipped WITS item file, and a serial line to play
+// the recorder on.
 
 #include "pty_pair.h"
 #include "test_station.h"
