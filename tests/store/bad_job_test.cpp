@@ -10,10 +10,10 @@
 #include <optional>
 #include <unistd.h>
 
-using storetest::Bytes;
 using storetest::InsertPackets;
 using storetest::RawDb;
 using storetest::Station;
+using testkit::ReadFile;
 
 namespace {
 
@@ -70,7 +70,7 @@ TEST(BadJob, EachBadFileIsNamedByTheOpenAndTheWriterAndNothingInItIsLost) {
         Station s;
         QFile::remove(s.job);
         c.make(s.job);
-        const QByteArray before = Bytes(s.job);
+        const QByteArray before = ReadFile(s.job);
         const QString rowsBefore = c.untouched ? QString() : RawDb(s.job).packets();
 
         if (c.convert) s.dialogs.answers.push_back(*c.convert);
@@ -92,7 +92,7 @@ TEST(BadJob, EachBadFileIsNamedByTheOpenAndTheWriterAndNothingInItIsLost) {
         s.ws.db.Gdb_error = false;
         store::PrimeLastRecord(s.ws);
         if (c.untouched) {
-            EXPECT_EQ(Bytes(s.job), before);
+            EXPECT_EQ(ReadFile(s.job), before);
             EXPECT_FALSE(QFile::exists(s.job + "-wal") && QFileInfo(s.job + "-wal").size() > 0);
         } else {
             RawDb raw(s.job);

@@ -6,11 +6,11 @@
 
 #include <gtest/gtest.h>
 
-using storetest::Bytes;
 using storetest::InsertPackets;
 using storetest::Packets;
 using storetest::RawDb;
 using storetest::Station;
+using testkit::ReadFile;
 using namespace store;
 using namespace db;
 
@@ -126,7 +126,7 @@ TEST(Lifecycle, AnOpenAddsTheLateColumnsWithoutAQuestionAndRenumbersIdInPacketOr
 TEST(Lifecycle, AnOlderJobIsConvertedOnlyWhenTheUserAgrees) {
     Station s(false);
     MakeOldJob(s.job, 25);
-    const QByteArray before = Bytes(s.job);
+    const QByteArray before = ReadFile(s.job);
 
     s.dialogs.answers.push_back(platform::Answer::No);
     s.open();
@@ -134,7 +134,7 @@ TEST(Lifecycle, AnOlderJobIsConvertedOnlyWhenTheUserAgrees) {
     EXPECT_EQ(s.dialogs.boxes[0].title, "CONVERT DATA BASE TO NEW TYPE?");
     EXPECT_EQ(s.dialogs.boxes[0].text, "This data base is not compatible with the new version\r\n"
                                        "Would you like to convert it?");
-    EXPECT_EQ(Bytes(s.job), before);
+    EXPECT_EQ(ReadFile(s.job), before);
     EXPECT_FALSE(s.ws.db.Gdb.isOpen() || s.ws.db.Grecords.isOpen());
 
     s.dialogs.answers.push_back(platform::Answer::Yes);
@@ -174,10 +174,10 @@ TEST(Lifecycle, CompactKeepsEveryRowAndTheWriterFollowsTheNewFile) {
     EXPECT_EQ(RawDb(s.job).integrity(), "ok");
 
     // While another job holds the shared set, the compact does nothing.
-    const QByteArray before = Bytes(s.job);
+    const QByteArray before = ReadFile(s.job);
     s.ws.db.Gdb_busy = true;
     Compact_db(s.ws);
-    EXPECT_EQ(Bytes(s.job), before);
+    EXPECT_EQ(ReadFile(s.job), before);
 }
 
 TEST(Lifecycle, NewOpenAndSaveAsGoThroughTheirDialogs) {

@@ -4,12 +4,12 @@
 // through a connection of their own, as another program would have.
 
 #include "db/schema.h"
+#include "file_bytes.h"
 #include "raw_db.h"
 #include "store/lifecycle.h"
 #include "store/record_writer.h"
 #include "test_station.h"
 
-#include <QFile>
 #include <algorithm>
 #include <gtest/gtest.h>
 #include <numeric>
@@ -23,12 +23,6 @@ using testkit::RawDb;
 
 inline void MakeJob(const QString& path) {
     db::MakeBlankJob(path, db::kRecordTable);
-}
-
-// The file's bytes, to show that something left it alone.
-inline QByteArray Bytes(const QString& path) {
-    QFile f(path);
-    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray("<missing>");
 }
 
 // Packet numbers 1 .. n, shuffled when a seed is given.
