@@ -2,10 +2,9 @@
 // byte, over a real serial line; over TCP the link suite's simulator checks
 // it (tcp_link_test), here what else a TCP packet and greeting bring.
 #include "acq_fixture.h"
+#include "far_end.h"
 
 #include <QSerialPort>
-#include <QTcpServer>
-#include <QTcpSocket>
 
 using acqtest::AcqTest;
 
@@ -38,29 +37,19 @@ TEST_F(LagDepthAnswer, OnTheSerialLineEachPacketIsAnsweredWithoutKeepAlive) {
 }
 
 TEST_F(LagDepthAnswer, OverTcpAPacketMakesTheUptimeWholeAndTheGreetingIsAnsweredWithStatus) {
-    QTcpServer server;
-    ASSERT_TRUE(server.listen(QHostAddress::LocalHost, 0));
-    ws.Winsock_ombri.RemoteHost = "127.0.0.1";
-    ws.Winsock_ombri.RemotePort = server.serverPort();
-    ws.Winsock_ombri.Connect();
-    QTcpSocket* instrument = nullptr;
-    ASSERT_TRUE(intakeUntil([&] {
-        if (!instrument && server.hasPendingConnections())
-            instrument = server.nextPendingConnection();
-        return instrument && ws.Winsock_ombri.State() == 7;
-    }));
+    testkit::FarEnd instrument;
+    ASSERT_TRUE(instrument.attach(ws));
 
     ws.link.Guptime_percent = 40;
-    instrument->write("*KW77,03/05/2024,14:00:00,1500.5,22.5\r\n");
-    instrument->flush();
+    instrument.send("*KW77,03/05/2024,14:00:00,1500.5,22.5\r\n");
     ASSERT_TRUE(intakeUntil([&] { return field(0) == "KW77"; }));
     EXPECT_EQ(ws.link.Guptime_percent, 100);
 
-    instrument->write("TCPCONNECT\r\n");
-    instrument->flush();
+    instrument.send("TCPCONNECT\r\n");
     EXPECT_TRUE(
         intakeUntil([&] { return ws.more_data.text_window.text().contains("TCPCONNECT"); }));
-    EXPECT_TRUE(readBack(*instrument, 29).endsWith("STATUS\r\n"));
+    EXPECT_TRUE(instrument.receive([](const QByteArray& g) { return g.endsWith("STATUS\r\n"); }))
+        << instrument.got.toStdString();
     ws.Winsock_ombri.Close();
 }
 

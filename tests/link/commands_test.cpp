@@ -1,38 +1,15 @@
 // The operator's console to the instrument and the login block.
 #include "acquisition/commands.h"
 #include "acquisition/link.h"
+#include "far_end.h"
 #include "link_kit.h"
 
 #include <QSerialPort>
-#include <QTcpServer>
-#include <QTcpSocket>
 #include <gtest/gtest.h>
 
 using namespace linktest;
 
 namespace {
-
-// The far end of the workstation's socket, keeping all it is sent.
-class Listener {
-  public:
-    Listener() {
-        server.listen(QHostAddress::LocalHost, 0);
-        QObject::connect(&server, &QTcpServer::newConnection, [this] {
-            peer = server.nextPendingConnection();
-            QObject::connect(peer, &QTcpSocket::readyRead, [this] { got += peer->readAll(); });
-        });
-    }
-    void attach(Workstation& ws) {
-        ws.Winsock_ombri.RemoteHost = QStringLiteral("127.0.0.1");
-        ws.Winsock_ombri.RemotePort = server.serverPort();
-        ws.Winsock_ombri.Connect();
-        PumpUntil(3000, [&] { return ws.Winsock_ombri.State() == 7 && peer; });
-        acq::Winsock_state(ws);
-    }
-    QTcpServer server;
-    QTcpSocket* peer = nullptr;
-    QByteArray got;
-};
 
 // The masked twenty bytes of a login message, unmasked.
 QByteArray Unmask(const QString& message, int* k = nullptr) {
@@ -48,7 +25,7 @@ QByteArray Unmask(const QString& message, int* k = nullptr) {
 
 TEST(Commands, RowsKeepTheirLimitsWakeTheInstrumentAreLoggedAndGoOutOnTheLinkInUse) {
     Station st;
-    Listener far;
+    testkit::FarEnd far;
     auto& data = st.ws.fm_setup.txt_data;
 
     // With no link open the buttons do nothing and say nothing.
@@ -57,7 +34,7 @@ TEST(Commands, RowsKeepTheirLimitsWakeTheInstrumentAreLoggedAndGoOutOnTheLinkInU
     EXPECT_EQ(data[2].text(), "300");
     EXPECT_FALSE(st.folder.exists("COMMAND_LOG.TXT"));
 
-    far.attach(st.ws);
+    ASSERT_TRUE(far.attach(st.ws));
     ASSERT_EQ(st.ws.link.Gsock_state, 7);
     data[0].setText("4600");
     data[5].setText("26");

@@ -2,35 +2,21 @@
 // operator's acts reach the handlers of the logic.
 #include "acquisition/startup.h"
 #include "config/config_file.h"
+#include "far_end.h"
 #include "operator.h"
 #include "station.h"
 #include "ui/binder.h"
 #include "ui/control_widgets.h"
 
-#include <QElapsedTimer>
 #include <QFile>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
-#include <QTcpServer>
-#include <QTcpSocket>
 #include <gtest/gtest.h>
 
 using uitest::Station;
-
-namespace {
-
-// Runs the event loop until done() holds or the time is up.
-template <class F> bool waitFor(F done, int ms = 3000) {
-    QElapsedTimer t;
-    t.start();
-    while (!done() && t.elapsed() < ms) QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
-    return done();
-}
-
-} // namespace
 
 TEST(Views, EveryControlHasItsWidgetAndThePressesAndEntriesReachTheLogic) {
     Station st;
@@ -88,36 +74,11 @@ TEST(Views, EveryControlHasItsWidgetAndThePressesAndEntriesReachTheLogic) {
     EXPECT_EQ(st.ws.products.Gdata_separator, ",");
 }
 
-// An instrument on a real socket, with the workstation's link connected to it.
-struct Instrument {
-    QTcpServer server;
-    QTcpSocket* far = nullptr;
-    QByteArray got;
-    bool connect(Workstation& ws) {
-        if (!server.listen(QHostAddress::LocalHost)) return false;
-        ws.Winsock_ombri.RemoteHost = "127.0.0.1";
-        ws.Winsock_ombri.RemotePort = server.serverPort();
-        ws.Winsock_ombri.Connect();
-        if (!waitFor([&] { return ws.Winsock_ombri.State() == 7; })) return false;
-        if (!waitFor([&] { return server.hasPendingConnections(); })) return false;
-        far = server.nextPendingConnection();
-        ws.link.Gsock_state = 7;
-        return true;
-    }
-    // Waits until what has arrived satisfies done.
-    template <class F> bool receive(F done) {
-        return waitFor([&] {
-            got += far->readAll();
-            return done(got);
-        });
-    }
-};
-
 TEST(Views, PanelsTalkToTheInstrumentAndHideAndTheMainScreenAsksBeforeTheExit) {
     Station st;
     ASSERT_TRUE(st.loaded);
-    Instrument kw;
-    ASSERT_TRUE(kw.connect(st.ws));
+    testkit::FarEnd kw;
+    ASSERT_TRUE(kw.attach(st.ws));
 
     // Keys typed in the terminal go out and are not shown.
     st.ws.more_data.form.setVisible(true);
