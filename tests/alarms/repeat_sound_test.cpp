@@ -1,9 +1,9 @@
 // The rhythm of the monitor's passes, the alarm sound and the wave file.
 #include "alarm_fixture.h"
+#include "file_bytes.h"
 
 #include "simulator.h"
 
-#include <QFile>
 #include <QTimer>
 
 using alarmtest::AlarmTest;
@@ -14,10 +14,8 @@ class RepeatAndSound : public AlarmTest {
   protected:
     // A file of the given head, in the program folder.
     QString file(const QString& name, const QByteArray& head) {
-        QFile f(folder.file(name));
-        f.open(QIODevice::WriteOnly);
-        f.write(head);
-        return f.fileName();
+        testkit::WriteFile(folder.file(name), head);
+        return folder.file(name);
     }
 };
 

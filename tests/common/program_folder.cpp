@@ -1,6 +1,7 @@
 #include "program_folder.h"
 
 #include "acquisition/tick_table.h"
+#include "file_bytes.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -14,9 +15,7 @@ ProgramFolder::ProgramFolder() {
 }
 
 QString ProgramFolder::read(const QString& name) const {
-    QFile f(file(name));
-    if (!f.open(QIODevice::ReadOnly)) return {};
-    return QString::fromLatin1(f.readAll());
+    return QString::fromLatin1(ReadFile(file(name)));
 }
 
 bool ProgramFolder::exists(const QString& name) const {

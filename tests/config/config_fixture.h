@@ -6,7 +6,6 @@
 #include "file_bytes.h"
 #include "test_station.h"
 
-#include <QFile>
 #include <gtest/gtest.h>
 
 namespace cfgtest {

@@ -5,6 +5,8 @@
 #include "depth/lag.h"
 #include "raw_db.h"
 
+#include <QFile>
+
 using cfgtest::Station;
 
 namespace {

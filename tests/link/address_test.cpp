@@ -1,8 +1,8 @@
 // The typed address, the look-up file and the link switches.
 #include "acquisition/link.h"
+#include "file_bytes.h"
 #include "link_kit.h"
 
-#include <QFile>
 #include <gtest/gtest.h>
 
 using namespace linktest;
@@ -69,14 +69,12 @@ TEST(Address, LookUpFileFindsTheUnit) {
               "LOOK UP TABLE: The Value must be a 4 digit number");
     EXPECT_EQ(look("0042"), "LOOK UP TABLE: The Lookup table file is not found RDVlookup.txt");
 
-    QFile f(st.folder.file("RDVlookup.txt"));
-    ASSERT_TRUE(f.open(QIODevice::WriteOnly));
-    f.write("unit address port\r\n"
-            "7 1.2.3 4\r\n" // ten characters or fewer: passed over
-            "041 10.1.1.41 4001\r\n"
-            "042 10.1.1.42 4002\r\n"
-            "042 10.1.1.99 4099\r\n");
-    f.close();
+    ASSERT_TRUE(testkit::WriteFile(st.folder.file("RDVlookup.txt"),
+                                   "unit address port\r\n"
+                                   "7 1.2.3 4\r\n" // ten characters or fewer: passed over
+                                   "041 10.1.1.41 4001\r\n"
+                                   "042 10.1.1.42 4002\r\n"
+                                   "042 10.1.1.99 4099\r\n"));
     EXPECT_EQ(look("0007"), "LOOK UP TABLE: Serial number not found in look up table");
 
     // Found, Ethernet not chosen: only the address box changes.

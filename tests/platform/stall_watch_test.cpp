@@ -1,9 +1,9 @@
 // The stall watch as a soak reads it: a hold of the event loop shows in the
 // line written after it, and only there.
+#include "file_bytes.h"
 #include "platform/stall_watch.h"
 #include "simulator.h"
 
-#include <QFile>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 #include <thread>
@@ -18,10 +18,8 @@ TEST(StallWatch, AHoldOfTheLoopIsWrittenOnceAsTheLongestGapOfItsLine) {
         std::this_thread::sleep_for(std::chrono::milliseconds(400)); // a job holding the loop
         testkit::Pump(900);
     }
-    QFile f(file);
-    ASSERT_TRUE(f.open(QIODevice::ReadOnly));
     std::vector<std::pair<qint64, qint64>> lines;
-    for (const QByteArray& l : f.readAll().split('\n')) {
+    for (const QByteArray& l : testkit::ReadFile(file).split('\n')) {
         const QList<QByteArray> w = l.split(' ');
         if (w.size() == 2) lines.push_back({w[0].toLongLong(), w[1].toLongLong()});
     }

@@ -136,7 +136,7 @@ TEST_F(ProductsTest, AnUnwritableFolderLeavesTheJobAndThePreviousFilesAlone) {
         QFile(outFile("Autogen.LAS")).setPermissions(QFileDevice::ReadOwner);
         QFile::setPermissions(out, QFileDevice::ReadOwner | QFileDevice::ExeOwner);
     }
-    const QByteArray before = contents(job);
+    const QByteArray before = testkit::ReadFile(job);
     s.txt_autogen_dir.setText(target);
     ws.products.autogen_seconds_left = 1;
     products::tmr_autogen_Timer(ws);
@@ -149,7 +149,7 @@ TEST_F(ProductsTest, AnUnwritableFolderLeavesTheJobAndThePreviousFilesAlone) {
                     log.contains(prefix + QString("Path/File access error: ") + target))
             << prefix << log.toStdString();
     }
-    EXPECT_EQ(contents(job), before);
+    EXPECT_EQ(testkit::ReadFile(job), before);
     EXPECT_FALSE(ws.db.Gdb_busy);
     EXPECT_FALSE(ws.products.autogen_running);
 }

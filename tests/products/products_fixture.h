@@ -1,6 +1,7 @@
 #pragma once
 // A workstation with a small job whose every value is known.
 
+#include "file_bytes.h"
 #include "raw_db.h"
 #include "test_station.h"
 
@@ -43,11 +44,7 @@ class ProductsTest : public ::testing::Test, protected testkit::Station {
     }
 
     QString outFile(const QString& name) const { return out + "/" + name; }
-    static QByteArray contents(const QString& path) {
-        QFile f(path);
-        return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
-    }
-    QByteArray bytes(const QString& name) const { return contents(outFile(name)); }
+    QByteArray bytes(const QString& name) const { return testkit::ReadFile(outFile(name)); }
     bool exists(const QString& name) const { return QFile::exists(outFile(name)); }
     // Lines of a file split at CR LF.
     QList<QByteArray> lines(const QString& name) const {

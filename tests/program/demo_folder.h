@@ -4,6 +4,7 @@
 // settings of a first run that point the link at the simulator, and the
 // words the program saves of its screens.
 
+#include "file_bytes.h"
 #include "program_folder.h"
 
 #include <QByteArray>
@@ -33,9 +34,7 @@ inline QString MakeDemoFolder(const testkit::ProgramFolder& folder, quint16 port
 // "window.control" -> the words it shows, as the program last saved them.
 inline QMap<QString, QString> ScreenWords(const QString& file) {
     QMap<QString, QString> out;
-    QFile f(file);
-    if (!f.open(QIODevice::ReadOnly)) return out;
-    for (const QByteArray& line : f.readAll().split('\n')) {
+    for (const QByteArray& line : testkit::ReadFile(file).split('\n')) {
         const int tab = line.indexOf('\t');
         if (tab > 0)
             out.insert(QString::fromUtf8(line.left(tab)), QString::fromUtf8(line.mid(tab + 1)));

@@ -1,6 +1,7 @@
 // The countdown, the Statistics tab's controls and the run as a job.
 #include "stats_fixture.h"
 
+#include <QFile>
 #include <QTimer>
 
 namespace {

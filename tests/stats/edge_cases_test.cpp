@@ -2,6 +2,7 @@
 #include "file_bytes.h"
 #include "stats_fixture.h"
 
+#include <QFile>
 #include <QTimer>
 
 namespace {

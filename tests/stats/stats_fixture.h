@@ -3,11 +3,11 @@
 // columns the report reads.
 
 #include "db/recordset.h"
+#include "file_bytes.h"
 #include "stats/statistics.h"
 #include "test_station.h"
 
 #include <QDir>
-#include <QFile>
 #include <QRegularExpression>
 #include <gtest/gtest.h>
 #include <optional>
@@ -72,10 +72,7 @@ class Job : public testkit::Station {
         return lines(report);
     }
     static QStringList lines(const QString& file) {
-        QFile f(file);
-        if (!f.open(QIODevice::ReadOnly)) return {};
-        const QString all = QString::fromUtf8(f.readAll());
-        QStringList l = all.split("\r\n");
+        QStringList l = QString::fromUtf8(testkit::ReadFile(file)).split("\r\n");
         if (!l.isEmpty() && l.last().isEmpty()) l.removeLast();
         return l;
     }
